@@ -1,0 +1,37 @@
+#version 450
+
+uniform vec2 resolution;
+uniform sampler2D fbo;
+uniform sampler1D kernel_gauss;
+
+in vec2 texcoord;
+out vec4 outputColor;
+
+vec3 offsetColors(vec2 coord)
+{
+    float r = texture(fbo, coord + vec2(0.001)).r;
+    float g = texture(fbo, coord + vec2(-0.001)).g;
+    float b = texture(fbo, coord + vec2(0)).b;
+    return vec3(r, g, b);
+}
+
+// The offsets are rounded down: a kernel of 3 reaches from -2 to 0.
+vec3 gauss_blur(vec2 coord, vec2 texel_size)
+{
+    int size = textureSize(kernel_gauss, 0);
+    vec3 sum = vec3(0);
+    for (int x = 0; x < size; ++x) {
+        float weight = texture(kernel_gauss, x * (1.0 / size)).r;
+        sum += weight * texture(fbo, coord + vec2(floor(x - (size / 2.0)), 0) * texel_size).rgb;
+    }
+    return sum;
+}
+
+void main()
+{
+    float centerdist = length(texcoord * 2.0 - 1.0);
+    vec2 texel_size = (vec2(1) / resolution) * (10 * pow(centerdist, 2));
+    vec3 color_out = offsetColors(texcoord);
+    color_out = gauss_blur(texcoord, texel_size);
+    outputColor = vec4(color_out, 1.0);
+}
