@@ -1,0 +1,58 @@
+# shellcheck shell=bash
+# What the project needs from Debian 12, and how it gets there. Sourced by play and check.
+
+build_packages=(
+    cmake g++ ninja-build pkg-config
+    libassimp-dev libcli11-dev libfmt-dev libgl-dev libglew-dev libglm-dev libglu1-mesa-dev libsdl2-dev
+    libsdl2-mixer-dev libspng-dev libsquish-dev libstb-dev libvorbis-dev
+    libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
+test_packages=(libgmock-dev libgtest-dev)
+lint_packages=(clang-format clang-tidy shellcheck)
+
+# require PACKAGE...: installs those that are missing, having said which.
+require() {
+    local missing=() package
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+    local root=()
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || fail "these packages are missing, and there is no sudo to install them: ${missing[*]}"
+        root=(sudo)
+    fi
+    command -v apt-get >/dev/null || fail "these packages are missing, and there is no apt-get to install them: ${missing[*]}"
+    echo "$me: installing ${missing[*]}"
+    local log
+    log=$(mktemp)
+    if ! { "${root[@]}" apt-get update && "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        tail -n 15 "$log" >&2
+        fail "apt-get could not install ${missing[*]}; all it said is in $log"
+    fi
+    rm -f "$log"
+}
+
+# build PRESET TARGET...: configures and builds, quietly unless it fails.
+build() {
+    local preset=$1 log
+    shift
+    log=build/$preset.log
+    mkdir -p build
+    if [[ ! -f build/$preset/build.ninja ]]; then
+        echo "$me: configuring the $preset build"
+        cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail "cmake could not configure; see above"; }
+    fi
+    local progress=(cat)
+    [[ -t 1 ]] || progress=(sed -un '/\[[0-9]*[05]0\/[0-9]*\]/p') # a line for every 50 steps in a log
+    if ! cmake --build --preset "$preset" --target "$@" 2>&1 | tee "$log" | "${progress[@]}"; then
+        grep -v '^\[' "$log" | head -n 60 >&2
+        fail "the $preset build failed; all it said is in $log"
+    fi
+}
+
+# fail SENTENCE: ends the script with it.
+fail() {
+    echo "$me: $*" >&2
+    exit 1
+}
