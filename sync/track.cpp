@@ -38,9 +38,15 @@ std::int32_t key_at(const sync_track* track, std::int32_t row)
     return lo - 1;
 }
 
+/// `a` - `b` in 32 bits, from one end around to the other where they are too far apart.
+std::int32_t subtract_rows(std::int32_t a, std::int32_t b)
+{
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+}
+
 double interpolate(const sync_key& k0, const sync_key& k1, double row)
 {
-    const double t = (row - k0.row) / static_cast<double>(k1.row - k0.row);
+    const double t = (row - k0.row) / static_cast<double>(subtract_rows(k1.row, k0.row));
     const double start = k0.value;
     // At the keys' own precision on purpose; only the result is widened.
     const float difference = k1.value - k0.value;

@@ -1,0 +1,64 @@
+#include "tools/packer/texture_sizes.h"
+
+#include "tools/common/error.h"
+#include "tools/packer/texture_rules.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <set>
+
+using testing::ThrowsMessage;
+using tools::checkTexture;
+using tools::Error;
+using tools::Size;
+using tools::textureSizes;
+
+namespace {
+
+TEST(TextureSizes, NameTwelveMapsAndFiveLayersOnceEach)
+{
+    std::set<std::string_view> names;
+    for (const auto& texture : textureSizes) {
+        names.insert(texture.name);
+    }
+    EXPECT_EQ(names.size(), 17U);
+    const auto countOf = [](Size size) {
+        return std::count_if(std::begin(textureSizes), std::end(textureSizes),
+                             [size](const auto& texture) { return texture.size == size; });
+    };
+    EXPECT_EQ(countOf({2048, 2048}), 12);
+    EXPECT_EQ(countOf({3840, 2160}), 5);
+}
+
+TEST(TextureRules, AllowWhatTheShowAsksFor)
+{
+    EXPECT_NO_THROW(checkTexture("room_diff", {2048, 2048}, "p"));
+    EXPECT_NO_THROW(checkTexture("title", {3840, 2160}, "p"));
+}
+
+TEST(TextureRules, RefuseAnotherSize)
+{
+    EXPECT_THAT(
+        [] {
+            checkTexture("title", {2048, 2048}, "title.png");
+        },
+        ThrowsMessage<Error>("title.png: 2048x2048, but the show asks for 3840x2160"));
+    EXPECT_THAT(
+        [] {
+            checkTexture("sofa_norm", {2048, 1024}, "p");
+        },
+        ThrowsMessage<Error>("p: 2048x1024, but the show asks for 2048x2048"));
+}
+
+TEST(TextureRules, RefuseAnotherName)
+{
+    EXPECT_THAT(
+        [] {
+            checkTexture("titel", {3840, 2160}, "titel.png");
+        },
+        ThrowsMessage<Error>("titel.png: the show has no texture 'titel'"));
+}
+
+} // namespace

@@ -1,0 +1,69 @@
+#include "tools/trackc/compile.h"
+
+#include "sync/device.h"
+#include "tools/common/atomic_file.h"
+#include "tools/common/error.h"
+#include "tools/common/read_file.h"
+#include "tools/trackc/scene_values.h"
+#include "tools/trackc/track_file.h"
+#include "tools/trackc/track_text.h"
+
+#include <fmt/format.h>
+#include <map>
+
+namespace tools {
+
+namespace {
+
+constexpr const char* base = "sync"; // of the track files, in their folder
+
+std::vector<sync_key> readKeys(const std::filesystem::path& text, const std::string& name)
+{
+    const std::vector<TextKey> lines = parseTrackText(readFile(text), text.string());
+    if (name == "scene") {
+        checkSceneValues(lines, text.string());
+    }
+    std::vector<sync_key> keys;
+    keys.reserve(lines.size());
+    for (const TextKey& line : lines) {
+        keys.push_back(line.key);
+    }
+    return keys;
+}
+
+} // namespace
+
+std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path>& texts,
+                                         const std::filesystem::path& folder)
+{
+    struct Output {
+        std::filesystem::path path;
+        std::string bytes;
+    };
+    std::vector<CompiledTrack> tracks;
+    std::vector<Output> outputs;
+    std::map<std::string, std::string> textOf; // by track
+    for (const std::filesystem::path& text : texts) {
+        const std::string name = text.stem().string();
+        const auto [first, isNew] = textOf.insert({name, text.string()});
+        if (!isNew) {
+            throw Error(text.string(),
+                        fmt::format("the track '{}' comes from {} already", name, first->second));
+        }
+        const std::vector<sync_key> keys = readKeys(text, name);
+        tracks.push_back({name, keys.size(), keys.back().row});
+        outputs.push_back({folder / sync_track_path(base, name.c_str()), encodeTrack(keys)});
+    }
+    makeFolder(folder);
+    std::vector<AtomicFile> files;
+    files.reserve(outputs.size());
+    for (const Output& output : outputs) {
+        files.emplace_back(output.path, output.bytes);
+    }
+    for (AtomicFile& file : files) {
+        file.commit();
+    }
+    return tracks;
+}
+
+} // namespace tools
