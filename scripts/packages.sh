@@ -33,19 +33,22 @@ require() {
     rm -f "$log"
 }
 
-# build PRESET TARGET...: configures and builds, quietly unless it fails.
-build() {
+# configure PRESET [OPTION...]: makes the build folder ready, quietly unless it fails.
+configure() {
     local preset=$1 log
     shift
-    log=build/$preset.log
+    log=build/$preset-configure.log
     mkdir -p build
-    if [[ ! -f build/$preset/build.ninja ]]; then
-        echo "$me: configuring the $preset build"
-        cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail "cmake could not configure; see above"; }
-    fi
+    cmake --preset "$preset" "$@" >"$log" 2>&1 || { cat "$log" >&2; fail "cmake could not configure; see above"; }
+}
+
+# build PRESET TARGET: builds, with a line of progress.
+build() {
+    local preset=$1 target=$2 log
+    log=build/$preset.log
     local progress=(cat)
-    [[ -t 1 ]] || progress=(sed -un '/\[[0-9]*[05]0\/[0-9]*\]/p') # a line for every 50 steps in a log
-    if ! cmake --build --preset "$preset" --target "$@" 2>&1 | tee "$log" | "${progress[@]}"; then
+    [[ -t 1 ]] || progress=(sed -un '/^\[[0-9]*[05]0\/[0-9]*\]/p') # in a log, a line for every 50 steps
+    if ! cmake --build --preset "$preset" --target "$target" 2>&1 | tee "$log" | "${progress[@]}"; then
         grep -v '^\[' "$log" | head -n 60 >&2
         fail "the $preset build failed; all it said is in $log"
     fi
