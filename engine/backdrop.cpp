@@ -54,7 +54,10 @@ void Scene::initSkybox(zund::Renderer& renderer)
     skyboxBackgroundColor = renderer.getUniform(skyboxProgram, "background_color");
 }
 
-void Scene::setSkyboxColor(glm::vec3 color) { skyboxColor = color; }
+void Scene::setSkyboxColor(glm::vec3 color)
+{
+    skyboxColor = color;
+}
 
 void Scene::setBackground(zund::Renderer& renderer, char const* fragmentSource)
 {

@@ -5,7 +5,8 @@
 namespace lumeth {
 
 DefaultMaterial::DefaultMaterial(zund::Renderer& renderer, float aspect)
-    : Material(renderer, Scene::material_vert, Scene::material_frag, nullptr), aspect(aspect),
+    : Material(renderer, Scene::material_vert, Scene::material_frag, nullptr),
+      aspect(aspect),
       uniforms(renderer, program)
 {
 }

@@ -11,11 +11,9 @@ public:
     /// `aspect` is width by height of what is drawn into.
     DefaultMaterial(zund::Renderer& renderer, float aspect);
 
-    std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& worldToView,
-                                                         DisplayObject const& object,
-                                                         DisplayListItem const& item,
-                                                         std::vector<Light> const& lights,
-                                                         double time) override;
+    std::vector<zund::UniformCommand>
+    getUniformCommands(glm::mat4 const& worldToView, DisplayObject const& object, DisplayListItem const& item,
+                       std::vector<Light> const& lights, double time) override;
     std::vector<zund::UniformArrayCommand> getUniformArrayCommands(DisplayObject const& object,
                                                                    DisplayListItem const& item,
                                                                    std::vector<Light> const& lights,

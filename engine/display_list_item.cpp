@@ -22,8 +22,8 @@ glm::mat4 compose(Placement const& placement)
     return scaled * glm::mat4_cast(placement.orientation);
 }
 
-/// Exact up to rounding for uniform scales only: it takes the matrix as turned after it was scaled. What can't
-/// be taken apart gives the placement that changes nothing.
+/// Exact up to rounding for uniform scales only: it takes the matrix as turned after it was scaled. What
+/// can't be taken apart gives the placement that changes nothing.
 Placement decompose(glm::mat4 const& matrix)
 {
     Placement placement;
@@ -35,8 +35,8 @@ Placement decompose(glm::mat4 const& matrix)
 
 } // namespace
 
-DisplayListItem::DisplayListItem(std::string objectName, glm::vec3 const& position, glm::quat const& orientation,
-                                 glm::vec3 const& scale)
+DisplayListItem::DisplayListItem(std::string objectName, glm::vec3 const& position,
+                                 glm::quat const& orientation, glm::vec3 const& scale)
     : objectName(std::move(objectName)), localMatrix(compose({position, orientation, scale}))
 {
 }
@@ -55,6 +55,9 @@ void DisplayListItem::setOrientation(glm::quat const& orientation)
     localMatrix = compose(placement);
 }
 
-void DisplayListItem::setVisible(bool visible) { this->visible = visible; }
+void DisplayListItem::setVisible(bool visible)
+{
+    this->visible = visible;
+}
 
 } // namespace lumeth

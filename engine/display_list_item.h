@@ -9,9 +9,9 @@ namespace lumeth {
 
 /// Where an object is drawn: what each node of a scene's tree holds.
 ///
-/// Position, orientation and scale live in `localMatrix` alone: a point is turned, then scaled along the parent's
-/// axes, then moved. The setters take that matrix apart and build it anew, at the price of some rounding; they
-/// need a scale that is not zero on any axis.
+/// Position, orientation and scale live in `localMatrix` alone: a point is turned, then scaled along the
+/// parent's axes, then moved. The setters take that matrix apart and build it anew, at the price of some
+/// rounding; they need a scale that is not zero on any axis.
 struct DisplayListItem {
     /// The quaternion is taken as it is, not normalised: all zeros turn nothing.
     DisplayListItem(std::string objectName, glm::vec3 const& position, glm::quat const& orientation,

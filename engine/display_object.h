@@ -10,13 +10,13 @@
 
 namespace lumeth {
 
-/// What is drawn: a mesh with its textures, its material and the constants of its surface. Where it is drawn is
-/// told by the `DisplayListItem`s that name it. A new one is all zeros.
+/// What is drawn: a mesh with its textures, its material and the constants of its surface. Where it is drawn
+/// is told by the `DisplayListItem`s that name it. A new one is all zeros.
 struct DisplayObject {
-    glm::mat4 modelMatrix{0.0F};      ///< the mesh's own transform, inside the item's
-    zund::Texture colorTexture;       ///< unit 0; invalid: flat `color`
-    zund::Texture normalTexture;      ///< unit 1, in tangent space; invalid: the surface's own normal
-    zund::Texture emissivityTexture;  ///< unit 2; invalid: emits nothing
+    glm::mat4 modelMatrix{0.0F};     ///< the mesh's own transform, inside the item's
+    zund::Texture colorTexture;      ///< unit 0; invalid: flat `color`
+    zund::Texture normalTexture;     ///< unit 1, in tangent space; invalid: the surface's own normal
+    zund::Texture emissivityTexture; ///< unit 2; invalid: emits nothing
     zund::VertexArray vertexArray;
     std::unique_ptr<Material> material; ///< null: the scene's stock material
     glm::vec3 color{0.0F};              ///< gamma-encoded

@@ -2,6 +2,8 @@
 
 #include "engine/scene.h"
 
+#include <stdexcept>
+
 namespace lumeth {
 
 void Scene::draw(zund::Renderer& renderer, double time)
@@ -40,7 +42,11 @@ void Scene::draw(zund::Renderer& renderer, double time)
 zund::DrawCommand Scene::drawDisplayItem(glm::mat4 const& worldToView, DisplayListItem const& item,
                                          zund::FrameBuffer const& frameBuffer, double time)
 {
-    DisplayObject const& object = objects.at(item.objectName);
+    const auto found = objects.find(item.objectName);
+    if (found == objects.end()) {
+        throw std::out_of_range("_Map_base::at"); // what `at` says differs by library
+    }
+    DisplayObject const& object = found->second;
 
     zund::DrawCommand command;
     command.depthWrite = true;

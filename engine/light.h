@@ -5,7 +5,8 @@
 
 namespace lumeth {
 
-/// The number of lights that reach the shaders: the first ones of a scene's list. Stands in the GLSL texts too.
+/// The number of lights that reach the shaders: the first ones of a scene's list. Stands in the GLSL texts
+/// too.
 constexpr std::size_t LIGHTS_MAX = 8;
 
 /// A point light in world space. It does not fade with distance.

@@ -15,8 +15,8 @@ struct DisplayObject;
 
 /// A shader program and how to fill its uniforms for one draw. Makes no GL calls of its own at draw time.
 ///
-/// The textures are those of the object that is drawn, at units 0 to 2 whatever the material. A derived material
-/// holds handles and numbers only: none of its members may need a destructor.
+/// The textures are those of the object that is drawn, at units 0 to 2 whatever the material. A derived
+/// material holds handles and numbers only: none of its members may need a destructor.
 class Material {
 public:
     /// Compiles and links. `geometrySource` may be null. Throws what the renderer throws.
@@ -24,11 +24,9 @@ public:
              char const* geometrySource);
 
     /// `worldToView` is the camera, `time` the position in the music in seconds.
-    virtual std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& worldToView,
-                                                                 DisplayObject const& object,
-                                                                 DisplayListItem const& item,
-                                                                 std::vector<Light> const& lights,
-                                                                 double time) = 0;
+    virtual std::vector<zund::UniformCommand>
+    getUniformCommands(glm::mat4 const& worldToView, DisplayObject const& object, DisplayListItem const& item,
+                       std::vector<Light> const& lights, double time) = 0;
     virtual std::vector<zund::UniformArrayCommand> getUniformArrayCommands(DisplayObject const& object,
                                                                            DisplayListItem const& item,
                                                                            std::vector<Light> const& lights,

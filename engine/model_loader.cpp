@@ -29,7 +29,8 @@ aiMesh const& findMesh(aiScene const& scene)
         throw std::runtime_error("only one mesh in model supported");
     }
     if (scene.mRootNode->mNumMeshes == 0) {
-        throw std::runtime_error("no meshes found!"); // it hangs below the root, whose transform alone is read
+        throw std::runtime_error(
+            "no meshes found!"); // it hangs below the root, whose transform alone is read
     }
     return *scene.mMeshes[scene.mRootNode->mMeshes[0]];
 }
@@ -94,9 +95,10 @@ lumeth::DisplayObject loadModel(zund::Renderer& renderer, const std::string& pat
     }
 
     lumeth::DisplayObject object;
-    object.vertexArray = renderer.createIndexedBuffer(
-        positions.data(), positions.size(), indices.data(), indices.size(), uvs.data(), uvs.size(), normals.data(),
-        normals.size(), tangents.data(), tangents.size(), bitangents.data(), bitangents.size());
+    object.vertexArray =
+        renderer.createIndexedBuffer(positions.data(), positions.size(), indices.data(), indices.size(),
+                                     uvs.data(), uvs.size(), normals.data(), normals.size(), tangents.data(),
+                                     tangents.size(), bitangents.data(), bitangents.size());
     object.modelMatrix = toGlm(scene->mRootNode->mTransformation);
     return object;
 }

@@ -11,15 +11,16 @@ namespace lumeth {
 struct DisplayListItem;
 struct DisplayObject;
 
-/// The uniforms of a program with the stock material's lighting, each under its own name, and their values for
-/// one draw. One that the program doesn't use is invalid, and skipped when it is sent.
+/// The uniforms of a program with the stock material's lighting, each under its own name, and their values
+/// for one draw. One that the program doesn't use is invalid, and skipped when it is sent.
 struct PhongUniforms {
     /// Looks all of them up, in the order of the fields.
     PhongUniforms(zund::Renderer& renderer, zund::ShaderProgram const& program);
 
     /// The matrices, the texture units and the surface constants: fifteen values.
     std::vector<zund::UniformCommand> getCommands(float aspect, glm::mat4 const& worldToView,
-                                                  DisplayObject const& object, DisplayListItem const& item) const;
+                                                  DisplayObject const& object,
+                                                  DisplayListItem const& item) const;
 
     /// Position, diffuse and specular of the first `LIGHTS_MAX` lights, zeros in the slots left over.
     std::vector<zund::UniformArrayCommand> getArrayCommands(std::vector<Light> const& lights) const;

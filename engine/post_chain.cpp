@@ -35,7 +35,10 @@ void Scene::addPostPass(zund::Renderer& renderer, char const* fragmentSource,
     passes.push_back(pass);
 }
 
-void Scene::resetPostPasses() { passes.clear(); }
+void Scene::resetPostPasses()
+{
+    passes.clear();
+}
 
 std::vector<zund::DrawCommand> Scene::drawPostprocess()
 {

@@ -23,8 +23,8 @@ zund::VertexArray createFullScreenTriangle(zund::Renderer& renderer)
     for (zund::Vertex const& corner : corners) {
         positions.insert(positions.end(), {corner.x, corner.y, corner.z});
     }
-    return renderer.createIndexedBuffer(positions.data(), positions.size(), indices, std::size(indices), nullptr, 0,
-                                        nullptr, 0, nullptr, 0, nullptr, 0);
+    return renderer.createIndexedBuffer(positions.data(), positions.size(), indices, std::size(indices),
+                                        nullptr, 0, nullptr, 0, nullptr, 0, nullptr, 0);
 }
 
 const glm::quat noRotation(0.0F, 0.0F, 0.0F, 0.0F);
@@ -49,9 +49,9 @@ void Scene::lookAt(glm::vec3 const& eye, glm::vec3 const& target, glm::vec3 cons
     const glm::vec3 z = glm::normalize(eye - target);
     const glm::vec3 x = glm::normalize(glm::cross(up, z));
     const glm::vec3 y = glm::cross(z, x);
-    graph.value.localMatrix = glm::mat4(glm::vec4(x.x, y.x, z.x, 0.0F), glm::vec4(x.y, y.y, z.y, 0.0F),
-                                        glm::vec4(x.z, y.z, z.z, 0.0F),
-                                        glm::vec4(-glm::dot(x, eye), -glm::dot(y, eye), -glm::dot(z, eye), 1.0F));
+    graph.value.localMatrix = glm::mat4(
+        glm::vec4(x.x, y.x, z.x, 0.0F), glm::vec4(x.y, y.y, z.y, 0.0F), glm::vec4(x.z, y.z, z.z, 0.0F),
+        glm::vec4(-glm::dot(x, eye), -glm::dot(y, eye), -glm::dot(z, eye), 1.0F));
 }
 
 bool Scene::addObject(std::string name, DisplayObject object)
@@ -59,10 +59,19 @@ bool Scene::addObject(std::string name, DisplayObject object)
     return objects.insert({std::move(name), std::move(object)}).second;
 }
 
-void Scene::addLight(Light light) { lights.push_back(light); }
+void Scene::addLight(Light light)
+{
+    lights.push_back(light);
+}
 
-tree::Node<DisplayListItem>& Scene::getGraph() { return graph; }
+tree::Node<DisplayListItem>& Scene::getGraph()
+{
+    return graph;
+}
 
-glm::vec2 Scene::resolutionVector() const { return {resolution.first, resolution.second}; }
+glm::vec2 Scene::resolutionVector() const
+{
+    return {resolution.first, resolution.second};
+}
 
 } // namespace lumeth

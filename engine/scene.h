@@ -20,9 +20,9 @@ namespace lumeth {
 
 /// Everything that one scene of the show is drawn from, and the drawing.
 ///
-/// To be built once: `init` first, then the post chain, a backdrop, objects, nodes and lights in any order. Every
-/// frame: `lookAt` and the nodes' setters, then `draw`, which makes one flat list of commands of all and hands
-/// it to the renderer. Deletes no GL object.
+/// To be built once: `init` first, then the post chain, a backdrop, objects, nodes and lights in any order.
+/// Every frame: `lookAt` and the nodes' setters, then `draw`, which makes one flat list of commands of all
+/// and hands it to the renderer. Deletes no GL object.
 class Scene {
 public:
     static char const* const material_vert; ///< the stock material's vertex shader
@@ -30,8 +30,8 @@ public:
 
     Scene();
 
-    /// Makes the stock material, the default post chain (copy, gamma) and the geometry of full-screen draws, for a
-    /// picture of `resolution`, width and height in pixels. Throws what the renderer throws.
+    /// Makes the stock material, the default post chain (copy, gamma) and the geometry of full-screen draws,
+    /// for a picture of `resolution`, width and height in pixels. Throws what the renderer throws.
     void init(zund::Renderer& renderer, std::pair<int, int> resolution);
 
     /// One frame. `time` is the position in the music in seconds; it reaches background and materials.

@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,9 +13,9 @@ namespace tree {
 
 /// A named hierarchy: a node owns its children, and each child is known by a name of its own among them.
 ///
-/// A node knows neither its name nor its parent. Names are whole keys: there are no paths, and deeper nodes are
-/// reached one name at a time. Siblings have no order.
-template <typename T>
+/// A node knows neither its name nor its parent. Names are whole keys: there are no paths, and deeper nodes
+/// are reached one name at a time. Siblings have no order.
+template<typename T>
 class Node {
     using Children = std::unordered_map<std::string, std::unique_ptr<Node<T>>>;
     Children children;
@@ -24,18 +25,27 @@ public:
 
     explicit Node(T value) : value(std::move(value)) {}
 
-    /// Hangs a new node below this one. If a child of that name exists it stays, and the new value is dropped.
+    /// Hangs a new node below this one. If a child of that name exists it stays, and the new value is
+    /// dropped.
     void addNode(std::string name, T value)
     {
         children.insert({std::move(name), std::make_unique<Node<T>>(std::move(value))});
     }
 
-    /// The direct child of that name, never null; borrowed. Throws `std::out_of_range` if there is none.
-    Node<T>* getNode(std::string_view const& name) { return children.at(std::string(name)).get(); }
+    /// The direct child of that name, never null; borrowed. Throws `std::out_of_range`
+    /// "_Map_base::at" if there is none.
+    Node<T>* getNode(std::string_view const& name)
+    {
+        const auto found = children.find(std::string(name));
+        if (found == children.end()) {
+            throw std::out_of_range("_Map_base::at"); // what `at` says differs by library
+        }
+        return found->second.get();
+    }
 
-    /// Walks this node and all below it, each node before its children, a child's whole subtree before its next
-    /// sibling. `callback` gets the parent, null for this node, and the node. It may give the node that it is
-    /// called for children, which are then visited too.
+    /// Walks this node and all below it, each node before its children, a child's whole subtree before its
+    /// next sibling. `callback` gets the parent, null for this node, and the node. It may give the node that
+    /// it is called for children, which are then visited too.
     void visit(std::function<void(Node<T>*, Node<T>*)> callback)
     {
         callback(nullptr, this);

@@ -24,8 +24,7 @@ Display::Display(zund::GLInterface& gl, const std::string& resolution, bool full
     window = createWindow(size);
     try {
         context = std::make_unique<zund::RendererImpl>(window, depthTest);
-    }
-    catch (const zund::Exception&) {
+    } catch (const zund::Exception&) {
         SDL_DestroyWindow(window);
         SDL_Quit();
         throw;
@@ -65,8 +64,8 @@ SDL_Window* Display::createWindow(const std::pair<int, int>& size)
     if (fullscreen) {
         flags |= SDL_WINDOW_FULLSCREEN_DESKTOP;
     }
-    SDL_Window* created = SDL_CreateWindow("vesperal", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.first,
-                                           size.second, flags);
+    SDL_Window* created = SDL_CreateWindow("vesperal", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                           size.first, size.second, flags);
     if (created == nullptr) {
         const Exception failure(std::string("Failed to create window: ") + SDL_GetError());
         SDL_Quit();
@@ -75,7 +74,10 @@ SDL_Window* Display::createWindow(const std::pair<int, int>& size)
     return created;
 }
 
-void Display::Swap() { SDL_GL_SwapWindow(window); }
+void Display::Swap()
+{
+    SDL_GL_SwapWindow(window);
+}
 
 std::pair<int, int> Display::getResolution() const
 {
@@ -84,7 +86,10 @@ std::pair<int, int> Display::getResolution() const
     return size;
 }
 
-zund::Renderer& Display::getContext() { return *context; }
+zund::Renderer& Display::getContext()
+{
+    return *context;
+}
 
 std::pair<int, int> Display::resolutionNameToSize(const std::string& name)
 {

@@ -23,10 +23,10 @@ public:
 /// SDL's video side: the window and the renderer in it, with the GL context. Main thread only.
 class Display : public DisplayInterface {
 public:
-    /// Opens a window of a named size, "720p", "1080p" or "2160p". With `fullscreen` it takes the desktop's size
-    /// instead. With `depthTest` every draw is depth-tested.
-    /// Throws `tolv::Exception`: "Unknown resolution string: ", "SDL_Init failed", "Failed to create window: ";
-    /// and what the renderer throws. SDL is shut down again by then.
+    /// Opens a window of a named size, "720p", "1080p" or "2160p". With `fullscreen` it takes the desktop's
+    /// size instead. With `depthTest` every draw is depth-tested. Throws `tolv::Exception`: "Unknown
+    /// resolution string: ", "SDL_Init failed", "Failed to create window: "; and what the renderer throws.
+    /// SDL is shut down again by then.
     Display(zund::GLInterface& gl, const std::string& resolution, bool fullscreen, bool doubleBuffer,
             bool depthTest);
     /// Destroys the renderer, then the window, then ends SDL.

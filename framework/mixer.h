@@ -1,6 +1,6 @@
 #pragma once
 
-struct _Mix_Music; // SDL_mixer's `Mix_Music`
+struct _Mix_Music; // SDL_mixer's `Mix_Music`. NOLINT(bugprone-reserved-identifier)
 
 /// Plays the one piece of music, and tells where in it the show stands: the show's clock.
 ///
@@ -22,8 +22,8 @@ public:
     void loadMusic(const char* path);
     /// Starts the music, once through.
     void playMusic();
-    /// The decoder's read position in seconds. It stands ahead of what is heard by what is decoded and queued;
-    /// nothing smooths it. After the music has run out it stays at the end.
+    /// The decoder's read position in seconds. It stands ahead of what is heard by what is decoded and
+    /// queued; nothing smooths it. After the music has run out it stays at the end.
     double getMusicPosition() const;
 
 private:

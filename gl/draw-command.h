@@ -29,11 +29,11 @@ using UniformArrayCommand = std::pair<Uniform, UniformArrayValue>;
 
 /// One draw or one clear as plain data, for `Renderer::render`. To be made value-initialised, then filled in.
 struct DrawCommand {
-    bool clear = false;        ///< only clears colour and depth of its target; nothing else of it counts
-    bool depthWrite = false;   ///< depth mask of this draw
-    FrameBuffer frameBuffer;   ///< target; invalid: the window
-    VertexArray vertexArray;   ///< geometry; invalid: nothing is drawn
-    ShaderProgram program;     ///< valid where `vertexArray` is
+    bool clear = false;      ///< only clears colour and depth of its target; nothing else of it counts
+    bool depthWrite = false; ///< depth mask of this draw
+    FrameBuffer frameBuffer; ///< target; invalid: the window
+    VertexArray vertexArray; ///< geometry; invalid: nothing is drawn
+    ShaderProgram program;   ///< valid where `vertexArray` is
     std::vector<UniformCommand> uniforms;           ///< applied in order
     std::vector<UniformArrayCommand> uniformArrays; ///< applied after `uniforms`, in order
     std::array<Texture, 8> textures;                ///< element i goes to unit i

@@ -14,7 +14,10 @@ namespace {
 constexpr GLenum dxt1 = GL_COMPRESSED_RGB_S3TC_DXT1_EXT;
 
 /// Bytes of a DXT1 image: blocks of 4 by 4 texels, 8 bytes each.
-GLsizei dxtSize(int width, int height) { return (width / 4) * (height / 4) * 8; }
+GLsizei dxtSize(int width, int height)
+{
+    return (width / 4) * (height / 4) * 8;
+}
 
 void failOnError(const char* text)
 {
@@ -156,8 +159,8 @@ FrameBuffer RendererImpl::createFrameBuffer()
 void RendererImpl::framebufferTexture(FrameBuffer frameBuffer, Texture texture)
 {
     glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(frameBuffer.get()));
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, static_cast<GLuint>(texture.get()),
-                           0);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
+                           static_cast<GLuint>(texture.get()), 0);
     failOnError("zund: failed to bind framebuffer texture");
     glBindFramebuffer(GL_FRAMEBUFFER, 0);
 }

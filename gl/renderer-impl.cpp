@@ -22,7 +22,10 @@ struct ApplyUniform {
     void operator()(bool value) const { glUniform1i(location, value ? 1 : 0); }
     void operator()(const glm::vec2& value) const { glUniform2f(location, value.x, value.y); }
     void operator()(const glm::vec3& value) const { glUniform3f(location, value.x, value.y, value.z); }
-    void operator()(const glm::vec4& value) const { glUniform4f(location, value.x, value.y, value.z, value.w); }
+    void operator()(const glm::vec4& value) const
+    {
+        glUniform4f(location, value.x, value.y, value.z, value.w);
+    }
     void operator()(const glm::mat4& value) const
     {
         glUniformMatrix4fv(location, 1, GL_FALSE, glm::value_ptr(value));
@@ -59,7 +62,10 @@ struct ApplyUniformArray {
     GLint elementLocation(std::size_t i) const { return location + static_cast<GLint>(i); }
 };
 
-GLuint nameOf(const Resource& resource) { return static_cast<GLuint>(resource.get()); }
+GLuint nameOf(const Resource& resource)
+{
+    return static_cast<GLuint>(resource.get());
+}
 
 } // namespace
 
@@ -153,7 +159,8 @@ void RendererImpl::render(const DrawCommand& command)
         }
     }
     glBindVertexArray(nameOf(command.vertexArray));
-    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(command.vertexArray.getIndexes()), GL_UNSIGNED_INT, nullptr);
+    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(command.vertexArray.getIndexes()), GL_UNSIGNED_INT,
+                   nullptr);
     glBindVertexArray(0);
     for (std::size_t unit = 0; unit < command.textures.size(); ++unit) {
         const Texture& texture = command.textures[unit];
@@ -190,7 +197,10 @@ void RendererImpl::setUniformArrayValue(const ShaderProgram& program, Uniform un
     glUseProgram(0);
 }
 
-void RendererImpl::finish() { glFinish(); }
+void RendererImpl::finish()
+{
+    glFinish();
+}
 
 Uniform RendererImpl::getUniform(const ShaderProgram& program, const std::string& name)
 {

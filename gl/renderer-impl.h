@@ -11,14 +11,14 @@ namespace zund {
 
 /// The renderer on a window of SDL. Holds the only GL context, current on the thread that made it.
 ///
-/// Keeps no state of GL: a command binds what it needs and unbinds it again. The driver's debug messages go to
-/// standard error.
+/// Keeps no state of GL: a command binds what it needs and unbinds it again. The driver's debug messages go
+/// to standard error.
 class RendererImpl : public Renderer {
 public:
-    /// Makes the context in `window`, which must outlive the renderer, and loads the entry points; buffer swaps
-    /// wait for the display from then on. With `depthTest` each command enables the depth test.
-    /// Throws `zund::Exception`: "zund: failed to create gl context: ", "zund: glewInit failed: ",
-    /// "zund: GLEW initialization failed".
+    /// Makes the context in `window`, which must outlive the renderer, and loads the entry points; buffer
+    /// swaps wait for the display from then on. With `depthTest` each command enables the depth test. Throws
+    /// `zund::Exception`: "zund: failed to create gl context: ", "zund: glewInit failed: ", "zund: GLEW
+    /// initialization failed".
     RendererImpl(SDL_Window* window, bool depthTest);
     /// Frees vertex arrays, buffers and shaders; all else goes with the context.
     ~RendererImpl() override;

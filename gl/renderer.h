@@ -25,13 +25,15 @@ class Renderer {
 public:
     virtual ~Renderer() = default;
 
-    /// Clears colour and depth of whatever framebuffer is bound. The colour stays set for later clear commands.
+    /// Clears colour and depth of whatever framebuffer is bound. The colour stays set for later clear
+    /// commands.
     virtual void clear(float r, float g, float b) = 0;
 
     /// An empty vertex array that will draw `indexes` indices.
     virtual VertexArray genVertexArray(int flags, unsigned long indexes) = 0;
-    /// Uploads a mesh, one tight buffer an attribute. Counts are array elements (floats, indices), not vertices.
-    /// `uvs`, `normals` and `tangents` may be null; `bitangents` come with `tangents`. The data may be freed after.
+    /// Uploads a mesh, one tight buffer an attribute. Counts are array elements (floats, indices), not
+    /// vertices. `uvs`, `normals` and `tangents` may be null; `bitangents` come with `tangents`. The data may
+    /// be freed after.
     virtual VertexArray createIndexedBuffer(const float* positions, unsigned long positionCount,
                                             const unsigned int* indices, unsigned long indexCount,
                                             const float* uvs, unsigned long uvCount, const float* normals,
@@ -41,7 +43,8 @@ public:
 
     /// Throws "shader compilation error:\n" and the driver's log.
     virtual Shader createShader(Shader::Type type, const char* source) = 0;
-    /// Links vertex, fragment and, if not null, geometry shader. Throws "program linking error:\n" and the log.
+    /// Links vertex, fragment and, if not null, geometry shader. Throws "program linking error:\n" and the
+    /// log.
     virtual ShaderProgram createProgram(const Shader& first, const Shader& second, const Shader* third) = 0;
 
     virtual void deleteShader(Shader& shader) = 0;

@@ -8,7 +8,9 @@ namespace zund {
 class VertexArray : public Resource {
 public:
     VertexArray() : Resource(invalid) {}
-    VertexArray(int id, int flags, unsigned long indexes) : Resource(id), indexes(indexes), flags(flags & 1) {}
+    VertexArray(int id, int flags, unsigned long indexes) : Resource(id), indexes(indexes), flags(flags & 1)
+    {
+    }
 
     /// Count of the indexed draw.
     unsigned long getIndexes() const { return indexes; }

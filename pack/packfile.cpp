@@ -98,7 +98,8 @@ Packfile::Chunk Packfile::readChunk(const void* data, std::size_t remaining)
     if (record[nameSize - 1] != '\0') {
         throw std::runtime_error("failed to read name");
     }
-    return {std::string(record), readField(record + lengthAt), readField(record + offsetAt), record[markAt] != 0};
+    return {std::string(record), readField(record + lengthAt), readField(record + offsetAt),
+            record[markAt] != 0};
 }
 
 std::unordered_map<std::string, Packfile::Chunk> Packfile::readHeader(const void* data, std::size_t size)

@@ -33,15 +33,16 @@ public:
     Packfile(const Packfile&) = delete;
     Packfile& operator=(const Packfile&) = delete;
 
-    /// First byte of the named file; with `skipHeader` 128 bytes further on, behind a DDS header. Borrowed: dies
-    /// with the pack. No length comes with it: callers know what they asked for.
-    /// Throws `std::out_of_range` "No such file in pack: NAME".
+    /// First byte of the named file; with `skipHeader` 128 bytes further on, behind a DDS header. Borrowed:
+    /// dies with the pack. No length comes with it: callers know what they asked for. Throws
+    /// `std::out_of_range` "No such file in pack: NAME".
     const void* getFile(const std::string& name, bool skipHeader) const;
 
     /// Parses one record; `remaining` bytes lie from `data` to the end of the mapping.
     static Chunk readChunk(const void* data, std::size_t remaining);
 
-    /// Checks the magic and parses the table of a pack of `size` bytes. Of two records of one name the first stays.
+    /// Checks the magic and parses the table of a pack of `size` bytes. Of two records of one name the first
+    /// stays.
     static std::unordered_map<std::string, Chunk> readHeader(const void* data, std::size_t size);
 
 private:

@@ -5,7 +5,13 @@
 #include "gl/gl-wrapper.h"
 #include "pack/packfile.h"
 #include "player/keymap.h"
+#include "scenes/bottle_scene.h"
+#include "scenes/burger_scene.h"
 #include "scenes/credits_scene.h"
+#include "scenes/people_scene.h"
+#include "scenes/room_scene.h"
+#include "scenes/scene_numbers.h"
+#include "scenes/toilet_scene.h"
 #include "sync/syncdevice.h"
 #include "sync/tools.h"
 
@@ -14,15 +20,11 @@
 
 namespace {
 
-// Values of the "scene" track. They start at 4, and are compared exactly.
-constexpr float sceneCredits = 5.0F;
-constexpr float sceneEnd = -1.0F;
-
 constexpr float clearColor = 0.01F; // of red, green and blue
 constexpr int frameBudget = 41;     // milliseconds: about 24 frames a second
 
 /// Lets one scene make the picture. `position` is that in the music, in seconds.
-template <typename Scene>
+template<typename Scene>
 void show(Scene& scene, zund::Renderer& renderer, double position, const tolv::SyncDevice& sync)
 {
     scene.update(renderer, position, sync);
@@ -66,6 +68,11 @@ int main()
     const pack::Packfile pack("assets/assets.pack");
     const std::pair<int, int> resolution = display.getResolution();
 
+    RoomScene room(renderer, pack, sync, resolution);
+    BottleScene bottle(renderer, pack, sync, resolution);
+    BurgerScene burger(renderer, pack, sync, resolution);
+    PeopleScene people(renderer, pack, sync, resolution);
+    ToiletScene toilet(renderer, pack, sync, resolution);
     CreditsScene credits(renderer, pack, resolution);
 
     mixer.playMusic();
@@ -79,9 +86,19 @@ int main()
         const double position = mixer.getMusicPosition();
         const float value = sync.getValue(sceneTrack, timeToRow(position));
         renderer.clear(clearColor, clearColor, clearColor);
-        if (value == sceneCredits) {
+        if (value == scene_numbers::room) {
+            show(room, renderer, position, sync);
+        } else if (value == scene_numbers::credits) {
             show(credits, renderer, position, sync);
-        } else if (value == sceneEnd) {
+        } else if (value == scene_numbers::bottle) {
+            show(bottle, renderer, position, sync);
+        } else if (value == scene_numbers::burger) {
+            show(burger, renderer, position, sync);
+        } else if (value == scene_numbers::toilet) {
+            show(toilet, renderer, position, sync);
+        } else if (value == scene_numbers::people) {
+            show(people, renderer, position, sync);
+        } else if (value == scene_numbers::end) {
             return 0;
         }
         display.Swap();

@@ -26,10 +26,9 @@ public:
         return {};
     }
 
-    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(lumeth::DisplayObject const& /*object*/,
-                                                                   lumeth::DisplayListItem const& /*item*/,
-                                                                   std::vector<lumeth::Light> const& /*lights*/,
-                                                                   double /*time*/) override
+    std::vector<zund::UniformArrayCommand>
+    getUniformArrayCommands(lumeth::DisplayObject const& /*object*/, lumeth::DisplayListItem const& /*item*/,
+                            std::vector<lumeth::Light> const& /*lights*/, double /*time*/) override
     {
         return {};
     }

@@ -4,8 +4,8 @@
 
 #include <utility>
 
-// Pictures over the whole frame: the credits, and the text layers of the other scenes. Neither camera nor node
-// moves them.
+// Pictures over the whole frame: the credits, and the text layers of the other scenes. Neither camera nor
+// node moves them.
 
 /// Vertex shader of full-frame pictures: passes clip space x and y on as "position".
 extern char const* const scroller_vert;

@@ -7,7 +7,7 @@
 /// that it holds.
 class OmbrelScene {
 public:
-    /// Reads the tracks at a position of the music, in seconds, and writes the camera and the nodes that move.
-    /// Keeps nothing from frame to frame, so that a scene can be entered anywhere.
+    /// Reads the tracks at a position of the music, in seconds, and writes the camera and the nodes that
+    /// move. Keeps nothing from frame to frame, so that a scene can be entered anywhere.
     virtual void update(zund::Renderer& renderer, double time, const tolv::SyncDevice& sync) = 0;
 };

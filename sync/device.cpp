@@ -25,7 +25,8 @@ bool is_kept(unsigned char byte)
     return std::isalnum(byte) != 0 || byte == '.' || byte == '/' || byte == '_';
 }
 
-/// Fills `track` from an open file. No result of `read` is looked at: a short file leaves what it doesn't fill.
+/// Fills `track` from an open file. No result of `read` is looked at: a short file leaves what it doesn't
+/// fill.
 void read_keys(sync_device* device, sync_track* track, std::FILE* stream)
 {
     device->read(&track->num_keys, 4, 1, stream);
@@ -172,7 +173,8 @@ int fetch_track_data(sync_device* device, sync_track* track)
     const std::size_t length = std::strlen(track->name);
     const std::uint32_t wire_length = htonl(static_cast<std::uint32_t>(length));
     if (send_whole(device->sock, &command, 1) && send_whole(device->sock, &wire_length, 4) &&
-        send_whole(device->sock, track->name, length)) {
+        send_whole(device->sock, track->name, length))
+    {
         return 0;
     }
     close(device->sock);

@@ -9,11 +9,11 @@
 /// The owner of all tracks. A track is read from its file when it is first asked for, and never changes
 /// afterwards. Main thread only: paths are built in static buffers.
 struct sync_device {
-    char* base;           ///< encoded base path of the track files
-    sync_track** tracks;  ///< grows by one for each new track
+    char* base;          ///< encoded base path of the track files
+    sync_track** tracks; ///< grows by one for each new track
     std::size_t num_tracks;
-    std::int32_t row;     ///< -1; nothing uses it
-    std::int32_t sock;    ///< live connection to a tracker; -1: none, and nothing opens one
+    std::int32_t row;  ///< -1; nothing uses it
+    std::int32_t sock; ///< live connection to a tracker; -1: none, and nothing opens one
     // All access to track files goes through these three.
     std::FILE* (*open)(const char* path, const char* mode);
     std::size_t (*read)(void* buffer, std::size_t size, std::size_t count, std::FILE* stream);
@@ -43,6 +43,6 @@ const char* path_encode(const char* text);
 /// is valid until the next call.
 const char* sync_track_path(const char* base, const char* name);
 
-/// Asks the tracker at the other end of `sock` for a track. 0, or -1 after a send that fell short, which closes
-/// the connection.
+/// Asks the tracker at the other end of `sock` for a track. 0, or -1 after a send that fell short, which
+/// closes the connection.
 int fetch_track_data(sync_device* device, sync_track* track);

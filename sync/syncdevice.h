@@ -31,8 +31,9 @@ public:
     SyncDevice(const SyncDevice&) = delete;
     SyncDevice& operator=(const SyncDevice&) = delete;
 
-    /// The track of that name. One without a file has no keys, and reads 0.0. For use at start-up: reads a file,
-    /// and searches all names. Throws `tolv::Exception` "Rocket could not get track: NAME" without memory.
+    /// The track of that name. One without a file has no keys, and reads 0.0. For use at start-up: reads a
+    /// file, and searches all names. Throws `tolv::Exception` "Rocket could not get track: NAME" without
+    /// memory.
     SyncTrack getTrack(const std::string& name) const;
 
     /// The value of a track at a row, as everything in the show sees it.

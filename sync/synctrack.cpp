@@ -4,6 +4,9 @@ namespace tolv {
 
 SyncTrack::SyncTrack(const sync_track* track) : track(track) {}
 
-const sync_track* SyncTrack::get() const { return track; }
+const sync_track* SyncTrack::get() const
+{
+    return track;
+}
 
 } // namespace tolv

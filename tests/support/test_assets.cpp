@@ -1,0 +1,97 @@
+#include "tests/support/test_assets.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <stdexcept>
+
+namespace {
+
+template<typename Value>
+void append(std::string& bytes, Value value)
+{
+    char raw[sizeof(Value)];
+    std::memcpy(raw, &value, sizeof value);
+    bytes.append(raw, sizeof value);
+}
+
+} // namespace
+
+ShowFolder::ShowFolder()
+{
+    std::string name = (std::filesystem::temp_directory_path() / "vesperal-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::runtime_error("no folder for the test: " + name);
+    }
+    folder = name;
+    std::filesystem::create_directory(folder / "assets");
+}
+
+ShowFolder::~ShowFolder()
+{
+    std::error_code ignored;
+    if (!before.empty()) {
+        std::filesystem::current_path(before, ignored);
+    }
+    std::filesystem::remove_all(folder, ignored);
+}
+
+void ShowFolder::enter()
+{
+    before = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
+}
+
+void ShowFolder::write(const std::string& name, const std::string& bytes) const
+{
+    std::ofstream file(asset(name), std::ios::binary);
+    file.exceptions(std::ios::badbit | std::ios::failbit);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void ShowFolder::writeTrack(const std::string& name, const std::vector<TestKey>& keys) const
+{
+    std::string bytes;
+    append(bytes, static_cast<std::int32_t>(keys.size()));
+    for (const TestKey& key : keys) {
+        append(bytes, key.row);
+        append(bytes, key.value);
+        append(bytes, key.type);
+    }
+    write("sync_" + name + ".track", bytes);
+}
+
+void ShowFolder::writePack(const std::vector<std::pair<std::string, std::string>>& files) const
+{
+    write("assets.pack", packBytes(files));
+}
+
+std::string packBytes(const std::vector<std::pair<std::string, std::string>>& files)
+{
+    std::string bytes = "pkf";
+    std::string data;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const auto& [name, content] = files[i];
+        bytes += name + std::string(256 - name.size(), '\0');
+        append(bytes, static_cast<std::uint32_t>(content.size()));
+        append(bytes, static_cast<std::uint32_t>(data.size()));
+        append(bytes, static_cast<char>(i + 1 == files.size()));
+        data += content;
+    }
+    return bytes + data;
+}
+
+std::string flatTexture(int width, int height, std::uint16_t color)
+{
+    std::string block;
+    append(block, color);
+    append(block, color);
+    append(block, std::uint32_t{0}); // all texels the first colour
+    std::string bytes(128, '\0');
+    const int blocks = (width / 4) * (height / 4);
+    bytes.reserve(bytes.size() + block.size() * static_cast<std::size_t>(blocks));
+    for (int i = 0; i < blocks; ++i) {
+        bytes += block;
+    }
+    return bytes;
+}
