@@ -1,6 +1,8 @@
 # Copies the shared libraries that PROGRAM needs and that a desktop cannot be expected to have into FOLDER. Run after
 # linking.
 set(shipped "^lib(GLEW|GLU|SDL2-2|SDL2_mixer-2|assimp|ogg|vorbis|vorbisfile)[.-]")
+# Those of an earlier build would be found a second time.
+file(REMOVE_RECURSE "${FOLDER}")
 file(GET_RUNTIME_DEPENDENCIES
   EXECUTABLES "${PROGRAM}"
   RESOLVED_DEPENDENCIES_VAR found

@@ -32,4 +32,15 @@ constexpr Name names[] = {
 };
 // clang-format on
 
+/// What the value is called; empty for one that selects nothing.
+constexpr std::string_view nameOf(float value)
+{
+    for (const Name& row : names) {
+        if (row.value == value) {
+            return row.name;
+        }
+    }
+    return {};
+}
+
 } // namespace scene_numbers

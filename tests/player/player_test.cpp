@@ -1,0 +1,383 @@
+#include "player/player.h"
+
+#include "tests/player/fake_platform.h"
+#include "tests/support/test_assets.h"
+#include "tools/packer/texture_sizes.h"
+#include "tools/standins/model_boxes.h"
+#include "tools/standins/stand_ins.h"
+
+#include <algorithm>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <limits>
+#include <stdexcept>
+
+int runShow(); // the entry point, under its test name
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::Not;
+using testing::ThrowsMessage;
+
+using Calls = std::vector<std::string>;
+
+constexpr double secondsPerRow = 60.0 / 2048.0;
+
+/// The calls that say how the show runs. The driver's are left out, but for one line each where the window is
+/// cleared from outside a scene, and where a scene is drawn.
+Calls outline(const Calls& calls)
+{
+    Calls lines;
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        if (calls[i].starts_with("glClearColor")) {
+            lines.push_back(calls[i]);
+        } else if (calls[i].starts_with("glDrawElements")) {
+            if (lines.empty() || lines.back() != "drawing") {
+                lines.emplace_back("drawing");
+            }
+        } else if (!calls[i].starts_with("gl") || calls[i].starts_with("glDelete")) {
+            lines.push_back(calls[i]);
+        }
+    }
+    return lines;
+}
+
+/// The lines from the first one of that text on.
+Calls from(const Calls& lines, const std::string& text)
+{
+    return {std::find(lines.begin(), lines.end(), text), lines.end()};
+}
+
+Calls upTo(const Calls& lines, const std::string& text)
+{
+    return {lines.begin(), std::find(lines.begin(), lines.end(), text)};
+}
+
+std::ptrdiff_t countOf(const Calls& lines, const std::string& text)
+{
+    return std::count(lines.begin(), lines.end(), text);
+}
+
+const std::string screenClear = "glClearColor(0.01, 0.01, 0.01, 1)";
+
+/// A show with stand-ins for its art and a scene track, on doubles of all that it stands on.
+class Player : public testing::Test {
+protected:
+    Player()
+    {
+        for (const tools::ModelBoxes& model : tools::standInModels()) {
+            folder.write(std::string(model.name) + ".glb", tools::modelFile(model.name));
+        }
+        std::vector<std::pair<std::string, std::string>> textures;
+        for (const tools::TextureSize& texture : tools::textureSizes) {
+            textures.emplace_back(std::string(texture.name) + ".dds", ""); // no one looks at the texels here
+        }
+        folder.writePack(textures);
+        folder.writeTrack("scene", {{0, 5.0F, 0}, {64, -1.0F, 0}});
+        folder.enter();
+    }
+
+    /// Runs the show, a frame at each of these rows, and gives its exit status. Beyond them the window is
+    /// closed.
+    int run(const std::vector<double>& rows)
+    {
+        for (const double row : rows) {
+            platform.positions.push_back(row * secondsPerRow);
+        }
+        testing::internal::CaptureStdout();
+        const int status = runShow();
+        output = testing::internal::GetCapturedStdout();
+        calls = platform.gl.take();
+        lines = outline(calls);
+        return status;
+    }
+
+    ShowFolder folder;
+    FakePlatform platform;
+    std::string output;
+    Calls calls;
+    Calls lines; ///< of `calls`
+};
+
+} // namespace
+
+TEST_F(Player, BuildsEverythingInOrderBeforeTheMusicStarts)
+{
+    run({64.0});
+    EXPECT_THAT(upTo(lines, "SDL_GetTicks()"),
+                ElementsAre("SDL_ShowCursor(0)", "SDL_Init(32)",
+                            "SDL_CreateWindow(vesperal, 1920, 1080, 0x1007)", "SDL_GL_CreateContext()",
+                            "SDL_GL_SetSwapInterval(1)", "Mix_Init(16)",
+                            "Mix_OpenAudio(44100, 0x8010, 2, 1024)", "Mix_LoadMUS(assets/house99.ogg)",
+                            "SDL_GL_GetDrawableSize()", "Mix_PlayMusic(1)"));
+    EXPECT_THAT(from(calls, "Mix_PlayMusic(1)"), Not(Contains(testing::StartsWith("glCompileShader"))));
+    EXPECT_THAT(from(calls, "Mix_PlayMusic(1)"),
+                Not(Contains(testing::StartsWith("glCompressedTexImage2D"))));
+}
+
+TEST_F(Player, TakesThePackOnceTheMusicIsLoadedAndBeforeItAsksForTheResolution)
+{
+    bool packOpened = false;
+    std::filesystem::rename(folder.asset("assets.pack"), folder.asset("hidden"));
+    std::filesystem::create_symlink("hidden", folder.asset("assets.pack"));
+    platform.whileConstructing = [&] {
+        // The mapping is there by now: it shows in the list of the process.
+        std::ifstream maps("/proc/self/maps");
+        const std::string all{std::istreambuf_iterator<char>(maps), {}};
+        packOpened = all.find(folder.asset("hidden").string()) != std::string::npos;
+    };
+    run({64.0});
+    EXPECT_TRUE(packOpened);
+}
+
+TEST_F(Player, LooksTheSceneTrackUpAfterTheMusicHasStarted)
+{
+    platform.whenMusicStarts = [&] {
+        folder.writeTrack("scene", {{0, 6.5F, 0}, {8, -1.0F, 0}});
+    };
+    EXPECT_EQ(run({0.0, 8.0}), 0);
+    EXPECT_EQ(countOf(lines, "drawing"), 0);
+}
+
+TEST_F(Player, BuildsTheScenesInOrder)
+{
+    // Told by the sizes of the textures that each of them loads.
+    run({64.0});
+    std::vector<std::string> uploads;
+    for (const std::string& call : upTo(calls, "Mix_PlayMusic(1)")) {
+        if (call.starts_with("glCompressedTexImage2D")) {
+            uploads.push_back(call.find("3840") != std::string::npos ? "frame" : "surface");
+        }
+    }
+    std::vector<std::string> wanted(11, "surface");               // the room
+    wanted.insert(wanted.end(), {"surface", "surface"});          // bottle, band
+    wanted.insert(wanted.end(), {"surface", "frame"});            // box, text
+    wanted.insert(wanted.end(), {"surface", "surface", "frame"}); // sofa, text
+    wanted.insert(wanted.end(), {"frame", "frame"});              // queue
+    wanted.insert(wanted.end(), {"frame"});                       // title
+    EXPECT_EQ(uploads, wanted);
+}
+
+TEST_F(Player, RunsAFrameFromTheClockToTheDelay)
+{
+    run({0.0, 64.0});
+    const Calls running = from(lines, "SDL_GetTicks()");
+    EXPECT_THAT(Calls(running.begin(), running.begin() + 8),
+                ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition() = 0", screenClear,
+                            "drawing", "SDL_GL_SwapWindow()", "SDL_GetTicks()", "SDL_Delay(41)"));
+}
+
+TEST_F(Player, EndsAtMinusOneHavingClearedButNeitherSwappedNorWaited)
+{
+    EXPECT_EQ(run({64.0}), 0);
+    const Calls running = upTo(from(lines, "SDL_GetTicks()"), "Mix_CloseAudio()");
+    EXPECT_THAT(running, ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition() = 1.875",
+                                     screenClear));
+}
+
+TEST_F(Player, EndsOnTheFirstFrameThatReachesTheRow)
+{
+    EXPECT_EQ(run({0.0, 63.999, 64.25, 70.0}), 0);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+    EXPECT_EQ(platform.positions.size(), 1U); // the last one was not asked for
+}
+
+TEST_F(Player, HoldsTheFirstValueBeforeTheFirstKeyAndTheLastOneAfterTheLast)
+{
+    folder.writeTrack("scene", {{10, 5.0F, 0}, {20, -1.0F, 0}});
+    EXPECT_EQ(run({0.0, 9.0, 1e6}), 0);
+    EXPECT_EQ(countOf(lines, "drawing"), 2);
+}
+
+TEST_F(Player, GoesOnAfterTheMusicHasRunOut)
+{
+    EXPECT_EQ(run({30.0, 30.0, 30.0}), 1); // the position stands still; then the window is closed
+    EXPECT_EQ(countOf(lines, "drawing"), 3);
+}
+
+TEST_F(Player, TearsDownInReverseWithTheDisplayLast)
+{
+    run({64.0});
+    const Calls end = from(lines, "Mix_CloseAudio()");
+    ASSERT_GE(end.size(), 6U);
+    EXPECT_EQ(end[0], "Mix_CloseAudio()");
+    EXPECT_EQ(end[1], "Mix_Quit()");
+    EXPECT_THAT(end[2], testing::StartsWith("glDeleteVertexArrays"));
+    EXPECT_THAT(Calls(end.end() - 3, end.end()),
+                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow()", "SDL_Quit()"));
+}
+
+TEST_F(Player, SaysOnlyWhatTheSyncDeviceAndTheModelsSay)
+{
+    run({64.0});
+    EXPECT_THAT(output, testing::StartsWith("syncdevice: Rocket sync device created\n"));
+    EXPECT_THAT(output, EndsWith("syncdevice: Rocket sync device destroyed\n"));
+}
+
+TEST_F(Player, EndsByItsViewerWithNothingOfThatFrame)
+{
+    platform.events = {{}, {makeEvent(SDL_QUIT)}};
+    EXPECT_EQ(run({0.0, 1.0}), 1);
+    EXPECT_EQ(countOf(lines, screenClear), 1);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 1);
+    EXPECT_EQ(platform.positions.size(), 1U);
+    EXPECT_EQ(countOf(lines, "SDL_Quit()"), 1);
+}
+
+TEST_F(Player, EndsWhenEscIsReleasedAndNotBefore)
+{
+    const SDL_Event press = makeEvent(SDL_KEYDOWN, SDLK_ESCAPE);
+    platform.events = {{press}, {press, press}, {makeEvent(SDL_KEYUP, SDLK_ESCAPE)}};
+    EXPECT_EQ(run({0.0, 1.0, 2.0, 3.0}), 1);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+}
+
+TEST_F(Player, ShowsANearBlackFrameWithoutASceneTrack)
+{
+    std::filesystem::remove(folder.asset("sync_scene.track"));
+    EXPECT_EQ(run({0.0, 5000.0}), 1); // only the viewer ends it
+    EXPECT_EQ(countOf(lines, "drawing"), 0);
+    EXPECT_EQ(countOf(lines, screenClear), 2);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+}
+
+TEST_F(Player, SelectsNothingHalfwayBetweenTwoScenes)
+{
+    folder.writeTrack("scene", {{0, 5.0F, 1}, {10, 6.0F, 0}, {20, -1.0F, 0}});
+    run({5.0, 20.0});
+    EXPECT_EQ(countOf(lines, "drawing"), 0);
+}
+
+TEST_F(Player, LeavesAFailureToTheRuntime)
+{
+    folder.write("assets.pack", "pk");
+    testing::internal::CaptureStdout();
+    EXPECT_THAT([] { runShow(); }, ThrowsMessage<std::runtime_error>("invalid packfile"));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "syncdevice: Rocket sync device created\nsyncdevice: Rocket sync device destroyed\n");
+    lines = outline(platform.gl.take());
+    EXPECT_THAT(Calls(lines.end() - 3, lines.end()),
+                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow()", "SDL_Quit()"));
+}
+
+// Each value of the scene track, and the scene that runs, told by the number of its draws.
+
+struct SceneValue {
+    const char* name;
+    float value;
+    int draws;
+};
+
+class SceneSelection : public Player, public testing::WithParamInterface<SceneValue> {};
+
+TEST_P(SceneSelection, ComparesExactly)
+{
+    folder.writeTrack("scene", {{0, GetParam().value, 0}, {32, -1.0F, 0}});
+    EXPECT_EQ(run({3.0, 32.0}), 0);
+    EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
+                            [](const std::string& call) { return call.starts_with("glDrawElements"); }),
+              GetParam().draws);
+    EXPECT_EQ(countOf(lines, screenClear), 2);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 1);
+    EXPECT_EQ(countOf(lines, "SDL_Delay(41)"), 1);
+}
+
+// clang-format off
+// Draws: a backdrop, the visible items, two passes.
+constexpr SceneValue sceneValues[] = {
+    // name            value        draws
+    {"Zero",           0.0F,        0},
+    {"One",            1.0F,        0},
+    {"Two",            2.0F,        0},
+    {"Three",          3.0F,        0},
+    {"Room",           4.0F,        1 + 23 + 2},
+    {"Credits",        5.0F,        1 + 1 + 2},
+    {"Bottle",         6.0F,        1 + 11 + 2},
+    {"Burger",         7.0F,        1 + 9 + 2}, // without its text
+    {"Toilet",         8.0F,        1 + 3 + 2},
+    {"People",         9.0F,        1 + 7 + 2},
+    {"Half",           5.5F,        0},
+    {"JustBelow",      4.9999995F,  0},
+    {"JustAbove",      5.0000005F,  0},
+    {"Ten",            10.0F,       0},
+    {"MinusTwo",       -2.0F,       0},
+    {"NearMinusOne",   -1.0000001F, 0},
+    {"NotANumber",     std::numeric_limits<float>::quiet_NaN(), 0},
+    {"Infinity",       std::numeric_limits<float>::infinity(), 0},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(All, SceneSelection, testing::ValuesIn(sceneValues),
+                         [](const auto& row) { return row.param.name; });
+
+// How long a frame waits.
+
+struct Pace {
+    const char* name;
+    Uint32 start;
+    Uint32 end;
+    int delay;
+};
+
+class Pacing : public Player, public testing::WithParamInterface<Pace> {};
+
+TEST_P(Pacing, SleepsOutWhatIsLeftOf41Milliseconds)
+{
+    platform.ticks = {GetParam().start, GetParam().end};
+    run({0.0, 64.0});
+    EXPECT_EQ(countOf(lines, "SDL_Delay(" + std::to_string(GetParam().delay) + ")"), 1);
+    EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                            [](const std::string& l) { return l.starts_with("SDL_Delay"); }),
+              1);
+}
+
+// clang-format off
+constexpr Pace paces[] = {
+    // name                 start        end         delay
+    {"NoTimeAtAll",         1000,        1000,       41},
+    {"OneLeft",             1000,        1040,       1},
+    {"JustInTime",          1000,        1041,       0},
+    {"TooLate",             1000,        1500,       0},
+    {"ClockThatWrapsRound", 0xFFFFFFF0U, 4,          21},
+    {"ClockThatRunsBack",   1000,        990,        51},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(All, Pacing, testing::ValuesIn(paces),
+                         [](const auto& row) { return row.param.name; });
+
+// The event queue.
+
+class Events : public testing::Test {
+protected:
+    FakePlatform platform;
+};
+
+TEST_F(Events, GoOnWhenThereAreNone)
+{
+    EXPECT_TRUE(handleEvents());
+}
+
+TEST_F(Events, AreAllTakenWhenNoneEndsTheShow)
+{
+    platform.queue = {makeEvent(SDL_KEYDOWN, SDLK_ESCAPE), makeEvent(SDL_KEYUP, SDLK_r),
+                      makeEvent(SDL_KEYUP, SDLK_p),        makeEvent(SDL_MOUSEMOTION),
+                      makeEvent(SDL_KEYUP, SDLK_q),        makeEvent(SDL_WINDOWEVENT)};
+    EXPECT_TRUE(handleEvents());
+    EXPECT_TRUE(platform.queue.empty());
+}
+
+TEST_F(Events, BehindTheOneThatEndsTheShowStayUnread)
+{
+    platform.queue = {makeEvent(SDL_MOUSEMOTION), makeEvent(SDL_QUIT), makeEvent(SDL_MOUSEMOTION)};
+    EXPECT_FALSE(handleEvents());
+    EXPECT_EQ(platform.queue.size(), 1U);
+
+    platform.queue = {makeEvent(SDL_KEYUP, SDLK_ESCAPE), makeEvent(SDL_KEYUP, SDLK_ESCAPE),
+                      makeEvent(SDL_QUIT)};
+    EXPECT_FALSE(handleEvents());
+    EXPECT_EQ(platform.queue.size(), 2U);
+}
