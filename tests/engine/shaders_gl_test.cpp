@@ -1,0 +1,562 @@
+#include "engine/post_shaders.h"
+#include "engine/scene.h"
+#include "engine/shaders/post_vert.h"
+#include "engine/shaders/skybox_frag.h"
+#include "engine/shaders/skybox_vert.h"
+#include "scenes/full_frame.h"
+#include "scenes/shaders/credits_frag.h"
+#include "tests/engine/matrices.h"
+#include "tests/gl/offscreen_renderer.h"
+
+#include <GL/glew.h>
+#include <algorithm>
+#include <cmath>
+#include <glm/geometric.hpp>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+using lumeth::DisplayListItem;
+using lumeth::DisplayObject;
+
+const glm::quat identity(1.0F, 0.0F, 0.0F, 0.0F);
+
+/// Half floats keep 11 bits.
+constexpr float halfTolerance = 1.0F / 2048.0F;
+
+float decoded(float value)
+{
+    return std::pow(value, 2.2F);
+}
+
+class ShadersOnTheDriver : public OffscreenRenderer {
+protected:
+    explicit ShadersOnTheDriver(int width = 64, int height = 64) : OffscreenRenderer(width, height) {}
+
+    /// Runs a pass over `input` into the target, and its framebuffer is given back.
+    zund::FrameBuffer runPass(const char* source, const zund::Texture& input,
+                              const zund::Texture& kernel = {})
+    {
+        zund::Texture output;
+        const zund::FrameBuffer target = createTarget(output);
+        zund::DrawCommand command;
+        command.frameBuffer = target;
+        command.vertexArray = coverScreen();
+        command.program = link(post_vert, source);
+        command.textures[0] = input;
+        command.textures[2] = kernel;
+        command.uniforms = {
+            {renderer.getUniform(command.program, "resolution"), glm::vec2(width, height)},
+            {renderer.getUniform(command.program, "fbo"), 0},
+            {renderer.getUniform(command.program, "kernel_gauss"), 2},
+        };
+        renderer.render({clearOf(target), command});
+        return target;
+    }
+
+    /// A picture of the window's size with a colour for each column.
+    template<typename ColorOfPlace>
+    zund::Texture picture(ColorOfPlace colorOf)
+    {
+        zund::Texture texture = renderer.createTexture2d(zund::TextureFormat::RGB16F, width, height);
+        std::vector<float> floats;
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const glm::vec3 color = colorOf(x, y);
+                floats.insert(floats.end(), {color.r, color.g, color.b});
+            }
+        }
+        glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(texture.get()));
+        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, width, height, GL_RGB, GL_FLOAT, floats.data());
+        glBindTexture(GL_TEXTURE_2D, 0);
+        return texture;
+    }
+
+    zund::Texture plain(const glm::vec3& color)
+    {
+        return picture([&](int /*x*/, int /*y*/) { return color; });
+    }
+
+    static const char* effect(const std::string& name)
+    {
+        for (const lumeth::PostEffect& spare : lumeth::getSpareEffects()) {
+            if (spare.name == name) {
+                return spare.source;
+            }
+        }
+        throw std::runtime_error("no effect " + name);
+    }
+};
+
+// --- Passes ---
+
+TEST_F(ShadersOnTheDriver, CompileAndLinkWithTheirPartners)
+{
+    EXPECT_NO_THROW(link(lumeth::Scene::material_vert, lumeth::Scene::material_frag));
+    EXPECT_NO_THROW(link(skybox_vert, skybox_frag));
+    EXPECT_NO_THROW(link(credits_vert, credits_frag));
+    for (const char* source :
+         {post_pass0_frag_src, post_pass1_frag_src, shader_letterbox, shader_gamma_encode}) {
+        EXPECT_NO_THROW(link(post_vert, source));
+    }
+    ASSERT_EQ(lumeth::getSpareEffects().size(), 6U);
+    for (const lumeth::PostEffect& spare : lumeth::getSpareEffects()) {
+        EXPECT_NO_THROW(link(post_vert, spare.source)) << spare.name;
+    }
+}
+
+TEST_F(ShadersOnTheDriver, CopyThePictureUpright)
+{
+    const auto colorOf = [](int x, int y) {
+        return glm::vec3(static_cast<float>(x) / 64.0F, static_cast<float>(y) / 64.0F, 3.0F);
+    };
+    const zund::FrameBuffer result = runPass(post_pass0_frag_src, picture(colorOf));
+    for (const auto& [x, y] : {std::pair(0, 0), std::pair(63, 5), std::pair(20, 63)}) {
+        const glm::vec3 color = colorOf(x, y);
+        EXPECT_THAT(pixelOf(result, x, y), IsPixel(color.r, color.g, color.b, 1.0F, halfTolerance));
+    }
+}
+
+TEST_F(ShadersOnTheDriver, EncodeGammaInBothEncoders)
+{
+    const zund::Texture input = plain(glm::vec3(0.25F, 0.5F, 1.0F));
+    const float exponent = 1.0F / 2.2F;
+    for (const char* source : {post_pass1_frag_src, shader_gamma_encode}) {
+        EXPECT_THAT(pixelOf(runPass(source, input), 30, 30),
+                    IsPixel(std::pow(0.25F, exponent), std::pow(0.5F, exponent), 1.0F, 1.0F, halfTolerance));
+    }
+}
+
+TEST_F(ShadersOnTheDriver, LiftThePicture)
+{
+    EXPECT_THAT(pixelOf(runPass(effect("lift"), plain(glm::vec3(0.0F, 0.5F, 2.0F))), 30, 30),
+                IsPixel(0.7F, 0.75F, 0.9F, 1.0F, halfTolerance));
+}
+
+TEST_F(ShadersOnTheDriver, TurnAllGreenForTheGreenCard)
+{
+    EXPECT_THAT(pixelOf(runPass(effect("green card"), plain(glm::vec3(0.5F))), 30, 30),
+                IsPixel(0.0F, 1.0F, 0.0F, 1.0F, 0.0F));
+}
+
+TEST_F(ShadersOnTheDriver, SplitBrightFromDarkByTheMeanOfTheColour)
+{
+    // Means a little below and above 0.01.
+    const zund::Texture input = picture([](int x, int /*y*/) {
+        return x < 32 ? glm::vec3(0.0F, 0.0F, 0.029F) : glm::vec3(0.011F, 0.01F, 0.0105F);
+    });
+    const zund::FrameBuffer result = runPass(effect("brightness threshold"), input);
+    EXPECT_THAT(pixelOf(result, 10, 30), IsPixel(0.0F, 0.0F, 1.0F, 1.0F, 0.0F));
+    EXPECT_THAT(pixelOf(result, 50, 30), IsPixel(1.0F, 1.0F, 1.0F, 1.0F, 0.0F));
+}
+
+TEST_F(ShadersOnTheDriver, FindAVerticalEdgeInTheTwoColumnsBehindIt)
+{
+    // The kernel reaches from -2 to 0: a step between columns 31 and 32 shows at 32 and 33, as 1 + 2 + 1.
+    const zund::Texture input = picture([](int x, int /*y*/) { return glm::vec3(x < 32 ? 0.0F : 1.0F); });
+    const zund::FrameBuffer result = runPass(effect("sobel"), input);
+    for (int x = 28; x < 38; ++x) {
+        const float expected = x == 32 || x == 33 ? 4.0F : 0.0F;
+        EXPECT_THAT(pixelOf(result, x, 30), IsPixel(expected, expected, expected, 1.0F, 0.01F)) << x;
+    }
+}
+
+TEST_F(ShadersOnTheDriver, FindAHorizontalEdgeInTheTwoRowsAboveItAsTheMeanOfItsChannels)
+{
+    const zund::Texture input =
+        picture([](int /*x*/, int y) { return y < 32 ? glm::vec3(0.0F) : glm::vec3(0.75F, 0.0F, 0.0F); });
+    const zund::FrameBuffer result = runPass(effect("sobel"), input);
+    for (int y = 28; y < 38; ++y) {
+        const float expected = y == 32 || y == 33 ? 1.0F : 0.0F; // 4 * 0.75 / 3
+        EXPECT_THAT(pixelOf(result, 30, y), IsPixel(expected, expected, expected, 1.0F, 0.01F)) << y;
+    }
+}
+
+class Blur : public ShadersOnTheDriver, public testing::WithParamInterface<bool> {};
+
+TEST_P(Blur, ReachesTwoTexelsBackWithAKernelOfThree)
+{
+    const bool horizontal = GetParam();
+    zund::Texture kernel = renderer.createTexture1d(3);
+    // At x / size a linear sample lies between two texels, so all weights are the same here.
+    const float weights[] = {0.25F, 0.25F, 0.25F};
+    renderer.uploadTexture1d(kernel, 3, weights);
+    // A ramp: what is sampled tells the place. The weights sum to 3/4, the offsets -2, -1 and 0 to -3.
+    const zund::Texture input = picture([&](int x, int y) {
+        return glm::vec3(static_cast<float>(horizontal ? x : y), static_cast<float>(horizontal ? y : x),
+                         1.0F);
+    });
+    const zund::FrameBuffer result = runPass(
+        effect(horizontal ? "blur with horizontal kernel" : "blur with vertical kernel"), input, kernel);
+    for (const auto& [x, y] : {std::pair(44, 40), std::pair(40, 24), std::pair(32, 50)}) {
+        // The step is 10 times the square of the distance from the centre, in texels.
+        const float u = (static_cast<float>(x) + 0.5F) / 32.0F - 1.0F;
+        const float v = (static_cast<float>(y) + 0.5F) / 32.0F - 1.0F;
+        const float step = 10.0F * (u * u + v * v);
+        const auto along = static_cast<float>(horizontal ? x : y);
+        const auto across = static_cast<float>(horizontal ? y : x);
+        EXPECT_THAT(pixelOf(result, x, y),
+                    IsPixel(0.25F * (3.0F * along - 3.0F * step), 0.75F * across, 0.75F, 1.0F, 0.15F))
+            << x << ", " << y;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Horizontal, Blur, testing::Bool(), testing::PrintToStringParamName());
+
+// --- Letterbox ---
+
+struct LetterboxSize {
+    int width;
+    int height;
+    int bar; ///< rows of black above and below
+};
+
+class Letterbox : public ShadersOnTheDriver, public testing::WithParamInterface<LetterboxSize> {
+protected:
+    Letterbox() : ShadersOnTheDriver(GetParam().width, GetParam().height) {}
+};
+
+TEST_P(Letterbox, BlackensTheRowsOutsideTheWidePicture)
+{
+    const zund::FrameBuffer result = runPass(shader_letterbox, plain(glm::vec3(0.5F, 2.0F, 1.0F)));
+    for (int y = 0; y < height; ++y) {
+        const bool black = y < GetParam().bar || y >= height - GetParam().bar;
+        const float shown = black ? 0.0F : 1.0F;
+        ASSERT_THAT(pixelOf(result, width / 2, y), IsPixel(0.5F * shown, 2.0F * shown, shown, 1.0F, 0.0F))
+            << y;
+    }
+}
+
+// The bar is (height - width * 27 / 64) / 2. A row counts by its middle, half a pixel up.
+constexpr LetterboxSize letterboxSizes[] = {
+    {1920, 1080, 135}, // exactly
+    {1280, 720, 90},   // exactly
+    {64, 64, 18},      // 18.5: the middle of row 18 lies on the edge, and is shown
+    {128, 100, 23},    // exactly
+    {64, 30, 1},       // 1.5: as above
+    {64, 27, 0},       // 64:27 itself
+    {128, 32, 0},      // wider: the bar is negative
+};
+INSTANTIATE_TEST_SUITE_P(Of, Letterbox, testing::ValuesIn(letterboxSizes), [](const auto& info) {
+    return std::to_string(info.param.width) + "x" + std::to_string(info.param.height);
+});
+
+// --- Sky ---
+
+class Sky : public ShadersOnTheDriver {
+protected:
+    zund::DrawCommand drawSky(const zund::FrameBuffer& target, const zund::Texture& cubeMap,
+                              const glm::mat4& rotation)
+    {
+        zund::DrawCommand command = scene.drawSkybox();
+        command.frameBuffer = target;
+        command.textures[0] = cubeMap;
+        command.uniforms = {
+            {command.uniforms[0].first, projectionOf(2.0943952, 1.0, 1.0, 20.0) * rotation},
+            {command.uniforms[1].first, cubeMap.isValid()},
+            {command.uniforms[2].first, command.uniforms[2].second},
+        };
+        return command;
+    }
+
+    Sky() { scene.init(renderer, {width, height}); }
+
+    lumeth::Scene scene;
+};
+
+TEST_F(Sky, IsOneColourDecoded)
+{
+    zund::Texture texture;
+    const zund::FrameBuffer target = createTarget(texture);
+    scene.setSkyboxColor(glm::vec3(0.05F, 0.5F, 0.12F));
+    renderer.render({clearOf(target), drawSky(target, zund::Texture(), glm::mat4(1.0F))});
+    for (const int place : {0, 32, 63}) {
+        EXPECT_THAT(pixelOf(target, place, 63 - place),
+                    IsPixel(decoded(0.05F), decoded(0.5F), decoded(0.12F), 1.0F, halfTolerance));
+    }
+}
+
+TEST_F(Sky, ShowsTheFaceOfACubeMapThatTheCameraLooksAt)
+{
+    // Six faces of one colour each, as 5-6-5 bits.
+    const unsigned char faceColors[6][2] = {{0x00, 0xF8}, {0xE0, 0x07}, {0x1F, 0x00},
+                                            {0xE0, 0xFF}, {0xFF, 0x07}, {0x1F, 0xF8}};
+    unsigned char blocks[6][8] = {};
+    const void* faces[6] = {};
+    for (int i = 0; i < 6; ++i) {
+        std::copy(std::begin(faceColors[i]), std::end(faceColors[i]), blocks[i]);
+        faces[i] = blocks[i];
+    }
+    zund::Texture cubeMap = renderer.createCubemap();
+    renderer.uploadCubemap(cubeMap, 4, 4, faces);
+    zund::Texture texture;
+    const zund::FrameBuffer target = createTarget(texture);
+    const auto middleSeenTowards = [&](const glm::dvec3& direction, const glm::dvec3& up) {
+        renderer.render({clearOf(target), drawSky(target, cubeMap, viewOf(glm::dvec3(0.0), direction, up))});
+        return pixelOf(target, 32, 32);
+    };
+    const glm::dvec3 y(0.0, 1.0, 0.0);
+    const glm::dvec3 z(0.0, 0.0, 1.0);
+    EXPECT_THAT(middleSeenTowards({1.0, 0.0, 0.0}, y), IsPixel(1.0F, 0.0F, 0.0F, 1.0F, halfTolerance));
+    EXPECT_THAT(middleSeenTowards({-1.0, 0.0, 0.0}, y), IsPixel(0.0F, 1.0F, 0.0F, 1.0F, halfTolerance));
+    EXPECT_THAT(middleSeenTowards({0.0, 1.0, 0.0}, z), IsPixel(0.0F, 0.0F, 1.0F, 1.0F, halfTolerance));
+    EXPECT_THAT(middleSeenTowards({0.0, -1.0, 0.0}, z), IsPixel(1.0F, 1.0F, 0.0F, 1.0F, halfTolerance));
+    EXPECT_THAT(middleSeenTowards({0.0, 0.0, 1.0}, y), IsPixel(0.0F, 1.0F, 1.0F, 1.0F, halfTolerance));
+    EXPECT_THAT(middleSeenTowards({0.0, 0.0, -1.0}, y), IsPixel(1.0F, 0.0F, 1.0F, 1.0F, halfTolerance));
+}
+
+TEST_F(Sky, NeverHidesAnItemAndReachesTheScreenGammaEncoded)
+{
+    scene.setSkyboxColor(glm::vec3(0.25F, 0.5F, 0.75F));
+    scene.draw(renderer, 0.0);
+    EXPECT_THAT(pixel(32, 32), IsPixel(0.25F, 0.5F, 0.75F, 1.0F, 2.0F * byteTolerance));
+}
+
+// --- The stock material ---
+
+/// The square from -2 to 2 at z = 0, seen by a camera at (0, 0, 4) that looks along -z.
+class StockMaterial : public ShadersOnTheDriver {
+protected:
+    static constexpr float cameraDistance = 4.0F;
+
+    StockMaterial()
+    {
+        scene.init(renderer, {width, height});
+        scene.resetPostPasses();
+        scene.addPostPass(renderer, post_pass0_frag_src, {}); // linear to the screen
+        scene.lookAt(glm::vec3(0.0F, 0.0F, cameraDistance), glm::vec3(0.0F), glm::vec3(0.0F, 1.0F, 0.0F));
+
+        const float positions[] = {-2.0F, -2.0F, 0.0F, 2.0F,  -2.0F, 0.0F,
+                                   2.0F,  2.0F,  0.0F, -2.0F, 2.0F,  0.0F};
+        const unsigned int indices[] = {0, 1, 2, 0, 2, 3};
+        const float uvs[] = {0.0F, 0.0F, 1.0F, 0.0F, 1.0F, 1.0F, 0.0F, 1.0F};
+        const float normals[] = {0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F};
+        const float tangents[] = {1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F};
+        const float bitangents[] = {0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+        object.modelMatrix = glm::mat4(1.0F);
+        object.vertexArray = renderer.createIndexedBuffer(positions, 12, indices, 6, uvs, 8, normals, 12,
+                                                          tangents, 12, bitangents, 12);
+        object.color = glm::vec3(0.8F, 0.6F, 0.9F);
+        object.ambient = 1.0F;
+        object.diffuse = 0.9F;
+        object.specular = 0.5F;
+        object.shininess = 8.0F;
+    }
+
+    void draw()
+    {
+        scene.addObject("square", std::move(object));
+        scene.getGraph().addNode("square",
+                                 DisplayListItem("square", glm::vec3(0.0F), identity, glm::vec3(1.0F)));
+        scene.draw(renderer, 0.0);
+    }
+
+    /// A texture of one colour, in bytes.
+    zund::Texture bytes(unsigned char r, unsigned char g, unsigned char b)
+    {
+        zund::Texture texture = renderer.createTexture2d(zund::TextureFormat::RGB8, 4, 4);
+        std::vector<unsigned char> pixels;
+        for (int i = 0; i < 16; ++i) {
+            pixels.insert(pixels.end(), {r, g, b});
+        }
+        renderer.uploadTexture2d(texture, 4, 4, pixels.data());
+        return texture;
+    }
+
+    /// The point of the square that a pixel's middle shows.
+    glm::vec3 pointAt(int x, int y) const
+    {
+        const float reach = std::tan(0.7853982F * 0.5F) * cameraDistance;
+        const float u = (static_cast<float>(x) + 0.5F) / static_cast<float>(width) * 2.0F - 1.0F;
+        const float v = (static_cast<float>(y) + 0.5F) / static_cast<float>(height) * 2.0F - 1.0F;
+        return {u * reach, v * reach, 0.0F};
+    }
+
+    /// Phong in world space: it takes the same angles, wherever they are measured.
+    glm::vec3 phong(const glm::vec3& point, const glm::vec3& normal,
+                    const std::vector<lumeth::Light>& lights) const
+    {
+        const glm::vec3 color(decoded(0.8F), decoded(0.6F), decoded(0.9F));
+        const glm::vec3 toEye = glm::normalize(glm::vec3(0.0F, 0.0F, cameraDistance) - point);
+        glm::vec3 intensity(1.0F * 0.1F);
+        for (const lumeth::Light& light : lights) {
+            const glm::vec3 toLight = glm::normalize(light.position - point);
+            const float cosine = std::max(glm::dot(toLight, normal), 0.0F);
+            intensity += 0.9F * light.diffuse * cosine;
+            if (cosine > 0.0F) {
+                const glm::vec3 mirrored = 2.0F * glm::dot(toLight, normal) * normal - toLight;
+                intensity +=
+                    0.5F * std::pow(std::max(glm::dot(mirrored, toEye), 0.0F), 8.0F) * light.specular;
+            }
+        }
+        return intensity * color;
+    }
+
+    DisplayObject object;
+    lumeth::Scene scene;
+};
+
+TEST_F(StockMaterial, ShowsOnlyItsAmbientPartWithoutLights)
+{
+    object.ambient = 4.0F;
+    draw();
+    EXPECT_THAT(pixel(32, 32), IsPixel(0.4F * decoded(0.8F), 0.4F * decoded(0.6F), 0.4F * decoded(0.9F), 1.0F,
+                                       byteTolerance));
+}
+
+TEST_F(StockMaterial, FollowsPhongUnderTwoLights)
+{
+    const std::vector<lumeth::Light> lights = {
+        {glm::vec3(1.0F, 0.5F, 2.0F), glm::vec3(0.4F, 0.3F, 0.2F), glm::vec3(0.6F, 0.5F, 0.8F)},
+        {glm::vec3(-3.0F, 1.0F, 1.0F), glm::vec3(0.1F, 0.5F, 0.3F), glm::vec3(0.2F, 0.9F, 0.1F)},
+        {glm::vec3(0.0F, 0.0F, -2.0F), glm::vec3(5.0F), glm::vec3(5.0F)}, // from behind: nothing
+    };
+    for (const lumeth::Light& light : lights) {
+        scene.addLight(light);
+    }
+    draw();
+    for (const auto& [x, y] : {std::pair(32, 32), std::pair(50, 40), std::pair(5, 60), std::pair(12, 20)}) {
+        const glm::vec3 expected = phong(pointAt(x, y), glm::vec3(0.0F, 0.0F, 1.0F), lights);
+        EXPECT_THAT(pixel(x, y), IsPixel(expected.r, expected.g, expected.b, 1.0F, 2.0F * byteTolerance))
+            << x << ", " << y;
+    }
+}
+
+TEST_F(StockMaterial, LooksTheSameWithANinthLight)
+{
+    for (int i = 0; i < 8; ++i) {
+        scene.addLight({glm::vec3(0.0F, 0.0F, 2.0F), glm::vec3(0.05F), glm::vec3(0.0F)});
+    }
+    scene.addLight({glm::vec3(0.0F, 0.0F, 2.0F), glm::vec3(9.0F), glm::vec3(9.0F)});
+    draw();
+    const std::vector<lumeth::Light> eight(8,
+                                           {glm::vec3(0.0F, 0.0F, 2.0F), glm::vec3(0.05F), glm::vec3(0.0F)});
+    const glm::vec3 expected = phong(pointAt(40, 40), glm::vec3(0.0F, 0.0F, 1.0F), eight);
+    EXPECT_THAT(pixel(40, 40), IsPixel(expected.r, expected.g, expected.b, 1.0F, 2.0F * byteTolerance));
+}
+
+TEST_F(StockMaterial, TakesItsColourFromATexture)
+{
+    object.ambient = 10.0F;
+    object.colorTexture = bytes(51, 102, 204);
+    draw();
+    EXPECT_THAT(pixel(32, 32), IsPixel(decoded(0.2F), decoded(0.4F), decoded(0.8F), 1.0F, byteTolerance));
+}
+
+TEST_F(StockMaterial, AddsWhatItEmitsUnlitAndUntinted)
+{
+    object.ambient = 0.0F;
+    object.emissivityTexture = bytes(102, 0, 204);
+    draw();
+    EXPECT_THAT(pixel(32, 32), IsPixel(decoded(0.4F), 0.0F, decoded(0.8F), 1.0F, byteTolerance));
+}
+
+TEST_F(StockMaterial, EmitsNothingWithoutAMap)
+{
+    object.ambient = 0.0F;
+    scene.setSkyboxColor(glm::vec3(1.0F));
+    draw();
+    EXPECT_THAT(pixel(32, 32), IsPixel(0.0F, 0.0F, 0.0F, 1.0F, 0.0F));
+}
+
+class CutOut : public StockMaterial, public testing::WithParamInterface<std::tuple<bool, unsigned char>> {};
+
+TEST_P(CutOut, LetsTheSkyThroughWhereATransparentTextureIsPureBlack)
+{
+    const auto [transparent, blue] = GetParam();
+    object.transparent = transparent;
+    object.colorTexture = bytes(0, 0, blue);
+    scene.setSkyboxColor(glm::vec3(1.0F));
+    draw();
+    const float expected = transparent && blue == 0 ? 1.0F : 0.0F;
+    EXPECT_THAT(pixel(32, 32), IsPixel(expected, expected, expected, 1.0F, byteTolerance));
+}
+
+INSTANTIATE_TEST_SUITE_P(TransparentBlue, CutOut,
+                         testing::Combine(testing::Bool(), testing::Values<unsigned char>(0, 1)),
+                         [](const auto& info) {
+                             return std::string(std::get<0>(info.param) ? "Transparent" : "Solid") +
+                                    (std::get<1>(info.param) == 0 ? "PureBlack" : "NearlyBlack");
+                         });
+
+/// A light to the left and one to the right, in red and green, both as steep.
+class Bump : public StockMaterial {
+protected:
+    Bump()
+    {
+        object.ambient = 0.0F;
+        object.specular = 0.0F;
+        object.color = glm::vec3(1.0F);
+        scene.addLight({glm::vec3(-3.0F, 0.0F, 3.0F), glm::vec3(1.0F, 0.0F, 0.0F), glm::vec3(0.0F)});
+        scene.addLight({glm::vec3(3.0F, 0.0F, 3.0F), glm::vec3(0.0F, 1.0F, 0.0F), glm::vec3(0.0F)});
+    }
+};
+
+TEST_F(Bump, FacesTheLightThatItsNormalMapLeansTo)
+{
+    object.normalTexture = bytes(64, 128, 218); // towards -x: about (-0.5, 0, 0.71)
+    draw();
+    const glm::vec3 normal = glm::normalize(glm::vec3(64.0F, 128.0F, 218.0F) / 255.0F * 2.0F - 1.0F);
+    const glm::vec3 point = pointAt(32, 32);
+    const float left = 0.9F * glm::dot(glm::normalize(glm::vec3(-3.0F, 0.0F, 3.0F) - point), normal);
+    const float right = 0.9F * glm::dot(glm::normalize(glm::vec3(3.0F, 0.0F, 3.0F) - point), normal);
+    EXPECT_GT(left, right + 0.5F);
+    EXPECT_THAT(pixel(32, 32), IsPixel(left, right, 0.0F, 1.0F, 2.0F * byteTolerance));
+}
+
+TEST_F(Bump, FacesBothAlikeWithoutAMap)
+{
+    draw();
+    const float cosine = 0.9F * glm::normalize(glm::vec3(3.0F, 0.0F, 3.0F)).z;
+    EXPECT_THAT(pixel(32, 32), IsPixel(cosine, cosine, 0.0F, 1.0F, 0.02F)); // half a pixel off the middle
+}
+
+// --- Full-frame pictures ---
+
+TEST_F(ShadersOnTheDriver, PassClipSpaceOnAsThePositionOfAFullFramePicture)
+{
+    constexpr const char* showPosition = R"glsl(#version 450
+in vec2 position;
+out vec4 outputColor;
+void main() { outputColor = vec4(position, 0.0, 1.0); }
+)glsl";
+    zund::Texture texture;
+    const zund::FrameBuffer target = createTarget(texture);
+    for (const char* vertexSource : {credits_vert, scroller_vert}) {
+        zund::DrawCommand command;
+        command.frameBuffer = target;
+        command.vertexArray = createFullFrameTriangle(renderer, 0.0F);
+        command.program = link(vertexSource, showPosition);
+        renderer.render({clearOf(target), command});
+        for (const auto& [x, y] : {std::pair(0, 0), std::pair(63, 0), std::pair(16, 63)}) {
+            EXPECT_THAT(pixelOf(target, x, y),
+                        IsPixel((static_cast<float>(x) + 0.5F) / 32.0F - 1.0F,
+                                (static_cast<float>(y) + 0.5F) / 32.0F - 1.0F, 0.0F, 1.0F, halfTolerance));
+        }
+    }
+}
+
+TEST_F(ShadersOnTheDriver, ShowTheCreditsPictureDecodedWithItsFirstRowOnTop)
+{
+    zund::Texture texture;
+    const zund::FrameBuffer target = createTarget(texture);
+    // Row 0, the top of the picture, is dark; the column tells green.
+    zund::DrawCommand command;
+    command.frameBuffer = target;
+    command.vertexArray = createFullFrameTriangle(renderer, 0.0F);
+    command.program = link(credits_vert, credits_frag);
+    command.textures[0] = picture([](int x, int y) {
+        return glm::vec3(static_cast<float>(y) / 64.0F, static_cast<float>(x) / 64.0F, 0.5F);
+    });
+    renderer.render({clearOf(target), command});
+    for (const auto& [x, y] : {std::pair(1, 1), std::pair(40, 30), std::pair(62, 60)}) {
+        EXPECT_THAT(pixelOf(target, x, y), IsPixel(decoded(static_cast<float>(63 - y) / 64.0F),
+                                                   decoded(static_cast<float>(x) / 64.0F), decoded(0.5F),
+                                                   1.0F, 2.0F * halfTolerance))
+            << x << ", " << y;
+    }
+}
+
+} // namespace
