@@ -59,7 +59,7 @@ std::vector<zund::DrawCommand> Scene::drawPostprocess()
         for (std::size_t j = 0; j < pass.extraInputs.size(); ++j) {
             PostProcessing::Pass::ExtraInput const& extra = pass.extraInputs[j];
             if (extra.uniform.isValid()) {
-                command.uniforms.push_back({extra.uniform, static_cast<int>(j + 2)});
+                command.uniforms.emplace_back(extra.uniform, static_cast<int>(j + 2));
             }
             command.textures[j + 2] = extra.texture;
         }

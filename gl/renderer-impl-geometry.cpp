@@ -58,7 +58,7 @@ VertexArray RendererImpl::createIndexedBuffer(const float* positions, unsigned l
                                               unsigned long tangentCount, const float* bitangents,
                                               unsigned long bitangentCount)
 {
-    const VertexArray vertexArray = genVertexArray(normals == nullptr ? 2 : 0, indexCount);
+    VertexArray vertexArray = genVertexArray(normals == nullptr ? 2 : 0, indexCount);
 
     const GLuint positionBuffer = genBuffer();
     const GLuint indexBuffer = genBuffer();

@@ -5,15 +5,15 @@
 TextLayerMaterial::TextLayerMaterial(zund::Renderer& renderer, float aspect, char const* fragmentSource)
     : Material(renderer, scroller_vert, fragmentSource, nullptr),
       aspect(aspect),
-      time(renderer.getUniform(program, "time"))
+      timeUniform(renderer.getUniform(program, "time"))
 {
 }
 
 std::vector<zund::UniformCommand> TextLayerMaterial::getUniformCommands(
     glm::mat4 const& /*worldToView*/, lumeth::DisplayObject const& /*object*/,
-    lumeth::DisplayListItem const& /*item*/, std::vector<lumeth::Light> const& /*lights*/, double now)
+    lumeth::DisplayListItem const& /*item*/, std::vector<lumeth::Light> const& /*lights*/, double time)
 {
-    return {{time, static_cast<float>(now)}};
+    return {{timeUniform, static_cast<float>(time)}};
 }
 
 std::vector<zund::UniformArrayCommand>

@@ -21,5 +21,5 @@ public:
 private:
     [[maybe_unused]] float aspect;          ///< kept, not used
     [[maybe_unused]] zund::Uniform uniform; ///< never looked up, on purpose
-    zund::Uniform time;
+    zund::Uniform timeUniform;
 };

@@ -7,7 +7,7 @@ TvMaterial::TvMaterial(zund::Renderer& renderer, float aspect)
     : Material(renderer, lumeth::Scene::material_vert, tv_frag, nullptr),
       aspect(aspect),
       uniforms(renderer, program),
-      time(renderer.getUniform(program, "time"))
+      timeUniform(renderer.getUniform(program, "time"))
 {
 }
 
@@ -15,10 +15,10 @@ std::vector<zund::UniformCommand> TvMaterial::getUniformCommands(glm::mat4 const
                                                                  lumeth::DisplayObject const& object,
                                                                  lumeth::DisplayListItem const& item,
                                                                  std::vector<lumeth::Light> const& /*lights*/,
-                                                                 double now)
+                                                                 double time)
 {
     std::vector<zund::UniformCommand> commands = uniforms.getCommands(aspect, worldToView, object, item);
-    commands.push_back({time, static_cast<float>(now)});
+    commands.emplace_back(timeUniform, static_cast<float>(time));
     return commands;
 }
 

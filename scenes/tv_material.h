@@ -22,5 +22,5 @@ public:
 private:
     float aspect;
     lumeth::PhongUniforms uniforms;
-    zund::Uniform time;
+    zund::Uniform timeUniform;
 };

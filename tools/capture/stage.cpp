@@ -1,0 +1,155 @@
+#include "tools/capture/stage.h"
+
+#include "scenes/bottle_scene.h"
+#include "scenes/burger_scene.h"
+#include "scenes/credits_scene.h"
+#include "scenes/people_scene.h"
+#include "scenes/room_scene.h"
+#include "scenes/scene_numbers.h"
+#include "scenes/toilet_scene.h"
+#include "sync/tools.h"
+#include "tools/common/error.h"
+#include "tools/standins/model_boxes.h"
+
+#include <filesystem>
+#include <fmt/format.h>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tools {
+
+namespace {
+
+constexpr float clearColor = 0.01F; // of red, green and blue, as in the show
+
+const std::filesystem::path folder = "assets";
+
+/// The path of a file of assets. Throws if it isn't there.
+std::string checkedPath(const std::string& file, const std::string& assetsName)
+{
+    if (!std::filesystem::exists(folder / file)) {
+        throw Error(assetsName + "/" + file, "there is no such file");
+    }
+    return folder / file;
+}
+
+std::unique_ptr<pack::Packfile> openPack(const std::string& assetsName)
+{
+    const std::string path = checkedPath("assets.pack", assetsName);
+    try {
+        return std::make_unique<pack::Packfile>(path);
+    } catch (const std::exception& reason) {
+        throw Error(assetsName + "/assets.pack", reason.what());
+    }
+}
+
+std::pair<int, int> sizeOf(const HiddenWindow& window)
+{
+    return {static_cast<int>(window.size().width), static_cast<int>(window.size().height)};
+}
+
+/// The show's models that the folder lacks, as the end of a sentence: the importer doesn't tell which it
+/// missed.
+std::string missingModels(const std::string& assetsName)
+{
+    std::vector<std::string> missing;
+    for (const ModelBoxes& model : standInModels()) {
+        const std::string file = std::string(model.name) + ".glb";
+        if (!std::filesystem::exists(folder / file)) {
+            missing.push_back(fmt::format("{}/{}", assetsName, file));
+        }
+    }
+    return missing.empty() ? "" : fmt::format("; these are missing: {}", fmt::join(missing, ", "));
+}
+
+/// A scene on the heap: scenes have no virtual destructor, and are to be deleted as what they are.
+template<typename Scene>
+struct Holder {
+    Holder(HiddenWindow& window, const pack::Packfile& pack, const tolv::SyncDevice& sync)
+        : scene(window.renderer(), pack, sync, sizeOf(window))
+    {
+    }
+
+    Scene scene;
+};
+
+template<>
+struct Holder<CreditsScene> {
+    Holder(HiddenWindow& window, const pack::Packfile& pack, const tolv::SyncDevice& /*sync*/)
+        : scene(window.renderer(), pack, sizeOf(window))
+    {
+    }
+
+    CreditsScene scene;
+};
+
+} // namespace
+
+Stage::Stage(HiddenWindow& window, std::string assetsName)
+    : window(window),
+      assetsName(std::move(assetsName)),
+      sync("assets/sync", 128.0, 16),
+      pack(openPack(this->assetsName)),
+      sceneTrack(sync.getTrack("scene"))
+{
+}
+
+float Stage::sceneAt(double time) const
+{
+    checkedPath("sync_scene.track", assetsName); // without it all reads 0, which selects nothing
+    return sync.getValue(sceneTrack, timeToRow(time));
+}
+
+RgbImage Stage::draw(float scene, double time)
+{
+    if (!drawers.contains(scene)) {
+        drawers[scene] = makeDrawer(scene);
+    }
+    window.renderer().clear(clearColor, clearColor, clearColor);
+    if (const Drawer& drawer = drawers[scene]) {
+        drawer(time);
+    }
+    return window.read();
+}
+
+template<typename Scene>
+Stage::Drawer Stage::makeDrawer()
+{
+    // Shared, as functions can be copied.
+    auto holder = std::make_shared<Holder<Scene>>(window, *pack, sync);
+    return [this, holder = std::move(holder)](double time) {
+        holder->scene.update(window.renderer(), time, sync);
+        holder->scene.scene.draw(window.renderer(), time);
+    };
+}
+
+Stage::Drawer Stage::makeDrawer(float scene)
+{
+    struct Row {
+        float scene;
+        Drawer (Stage::*make)();
+    };
+    static constexpr Row rows[] = {
+        {scene_numbers::room, &Stage::makeDrawer<RoomScene>},
+        {scene_numbers::credits, &Stage::makeDrawer<CreditsScene>},
+        {scene_numbers::bottle, &Stage::makeDrawer<BottleScene>},
+        {scene_numbers::burger, &Stage::makeDrawer<BurgerScene>},
+        {scene_numbers::toilet, &Stage::makeDrawer<ToiletScene>},
+        {scene_numbers::people, &Stage::makeDrawer<PeopleScene>},
+    };
+    for (const Row& row : rows) {
+        if (row.scene != scene) {
+            continue;
+        }
+        try {
+            return (this->*row.make)();
+        } catch (const std::exception& reason) {
+            throw Error(fmt::format("the {} scene", scene_numbers::nameOf(scene)),
+                        fmt::format("cannot be made: {}{}", reason.what(), missingModels(assetsName)));
+        }
+    }
+    return {};
+}
+
+} // namespace tools

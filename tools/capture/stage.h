@@ -1,0 +1,45 @@
+#pragma once
+
+#include "pack/packfile.h"
+#include "sync/syncdevice.h"
+#include "tools/capture/hidden_window.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tools {
+
+/// The scenes of the show, drawn by the show's own code. Each is made when it is first drawn, from the folder
+/// "assets" in the working directory.
+class Stage {
+public:
+    /// Opens the pack. `window` must outlive the stage; errors call the folder `assetsName`.
+    /// Throws `Error` with the pack's path and the reason.
+    Stage(HiddenWindow& window, std::string assetsName);
+
+    /// The value of the track "scene" at a position in the music, in seconds. Throws `Error` if it has no
+    /// file.
+    float sceneAt(double time) const;
+
+    /// The frame in which the scene of that number stands at `time`; a number that selects none leaves it
+    /// cleared. Throws `Error` "SCENE: cannot be made: REASON" if the scene's assets are amiss.
+    RgbImage draw(float scene, double time);
+
+private:
+    using Drawer = std::function<void(double time)>;
+
+    template<typename Scene>
+    Drawer makeDrawer();
+    Drawer makeDrawer(float scene);
+
+    HiddenWindow& window;
+    std::string assetsName;
+    tolv::SyncDevice sync;
+    std::unique_ptr<pack::Packfile> pack;
+    tolv::SyncTrack sceneTrack;
+    std::map<float, Drawer> drawers; ///< an empty one for a number that selects nothing
+};
+
+} // namespace tools
