@@ -82,7 +82,9 @@ BottleScene::BottleScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 void BottleScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)
 {
     const double row = timeToRow(time);
-    pointCamera(scene, camera.readPosition(sync, row), camera.readTarget(sync, row));
+    const glm::vec3 target = camera.readTarget(sync, row);
+    const glm::vec3 position = camera.readPosition(sync, row);
+    pointCamera(scene, position, target);
 
     const double orbit = 0.5 * time;
     for (int bottle = 0; bottle < bottleCount; ++bottle) {

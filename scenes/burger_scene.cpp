@@ -121,7 +121,9 @@ BurgerScene::BurgerScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 void BurgerScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)
 {
     const double row = timeToRow(time);
-    pointCamera(scene, camera.readPosition(sync, row), camera.readTarget(sync, row));
+    const glm::vec3 target = camera.readTarget(sync, row);
+    const glm::vec3 position = camera.readPosition(sync, row);
+    pointCamera(scene, position, target);
 
     const float pitch = sync.getValue(burgerPitch, row) * -3.14F;
     const auto spin = static_cast<float>(sync.getValue(burgerRotate, row) * -6.28);

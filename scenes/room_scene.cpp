@@ -88,5 +88,7 @@ RoomScene::RoomScene(zund::Renderer& renderer, const pack::Packfile& pack, const
 void RoomScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)
 {
     const double row = timeToRow(time);
-    pointCamera(scene, camera.readPosition(sync, row), camera.readTarget(sync, row));
+    const glm::vec3 target = camera.readTarget(sync, row);
+    const glm::vec3 position = camera.readPosition(sync, row);
+    pointCamera(scene, position, target);
 }

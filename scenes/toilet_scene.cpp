@@ -96,7 +96,9 @@ ToiletScene::ToiletScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 void ToiletScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)
 {
     const double row = timeToRow(time);
-    pointCamera(scene, camera.readPosition(sync, row), camera.readTarget(sync, row));
+    const glm::vec3 target = camera.readTarget(sync, row);
+    const glm::vec3 position = camera.readPosition(sync, row);
+    pointCamera(scene, position, target);
 
     const auto spin = static_cast<float>(sync.getValue(burgerRotate, row) * -6.28);
     findNode(scene, "toilet").value.setOrientation(angleAxis(spin, yAxis));

@@ -1,0 +1,212 @@
+#include "scenes/bottle_scene.h"
+
+#include "tests/engine/matrices.h"
+#include "tests/scenes/scene_stage.h"
+#include "tests/scenes/track_watch.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+namespace {
+
+using BottleSceneTest = SceneTest<BottleScene>;
+
+// clang-format off
+const ExpectedObject beer =
+    {"beer", "beer", map2k("pisswasser.dds"), {}, {}, {0.5F, 0.5F, 0.3F}, 0.1F, 1.7F, 1.0F, 32.0F};
+
+const ExpectedNode nodes[] = {
+    // path           object      position               orientation     scale
+    {"beer0",         "",         {0.0F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer0/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer1",         "",         {0.1F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer1/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer2",         "",         {0.2F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer2/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer3",         "",         {0.3F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer3/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer4",         "",         {0.4F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer4/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer5",         "",         {0.5F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer5/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer6",         "",         {0.6F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer6/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer7",         "",         {0.7F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer7/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer8",         "",         {0.8F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer8/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"beer9",         "",         {0.9F, 0.0F, 1.0F},    zeroQuaternion, 0.04F},
+    {"beer9/bottle",  "beer",     {0.0F, -4.0F, 0.0F},   zeroQuaternion, 1.0F},
+    {"scroller",      "scroller", {0.0F, 0.0F, -3.0F},   zeroQuaternion, 1.0F},
+};
+
+const ExpectedLight lights[] = {
+    {{-3.0F, 0.0F, 3.0F}, {0.1F, 0.1F, 0.1F}, {0.1F, 0.1F, 0.1F}},
+    {{3.0F, 0.0F, -3.0F}, {0.6F, 0.6F, 0.6F}, {0.9F, 0.9F, 0.9F}},
+};
+// clang-format on
+
+const TrackValues camera = {{"camera_pos_x", 0.25F}, {"camera_pos_y", 0.5F}, {"camera_pos_z", -0.75F},
+                            {"camera_tgt_x", 0.1F},  {"camera_tgt_y", 0.2F}, {"camera_tgt_z", 2.0F}};
+
+TEST_F(BottleSceneTest, DrawsItsBottleAsItsRowSays)
+{
+    expectObject(build(), beer);
+}
+
+class BottleNode : public BottleSceneTest, public testing::WithParamInterface<ExpectedNode> {};
+
+TEST_P(BottleNode, StandsAsItsRowSaysUntilTheFirstUpdate)
+{
+    expectNode(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, BottleNode, testing::ValuesIn(nodes),
+                         [](const auto& row) { return testName(row.param.path); });
+
+TEST_F(BottleSceneTest, HangsOneBottleUnderEachOfTenNodes)
+{
+    expectTree(build(), {std::begin(nodes), std::end(nodes)});
+}
+
+TEST_F(BottleSceneTest, LightsWithTwoOfEightLights)
+{
+    expectLights(build(), "beer", {std::begin(lights), std::end(lights)});
+}
+
+TEST_F(BottleSceneTest, LaysItsSmallerTextBeforeEverything)
+{
+    expectTextLayer(build(), -1.0F, map2k("unlimited.dds"), {}, "bottle text");
+}
+
+TEST_F(BottleSceneTest, ScrollsItsTextByTheTimeAlone)
+{
+    lumeth::Scene& scene = build(camera);
+    update(1.0);
+    const std::vector<zund::DrawCommand> before = drawsWith(scene, "bottle text", 1.0);
+    const std::vector<zund::DrawCommand> after = drawsWith(scene, "bottle text", 170.123456789);
+    ASSERT_EQ(before.size(), 1U);
+    ASSERT_EQ(after.size(), 1U);
+    EXPECT_THAT(uniformNames(before[0]), ElementsAre("time"));
+    EXPECT_EQ(uniform<float>(before[0], "time"), 1.0F);
+    EXPECT_EQ(uniform<float>(after[0], "time"), 170.123456789F);
+}
+
+TEST_F(BottleSceneTest, StandsBeforeAYellowGradientAndLeavesTheSkyBlack)
+{
+    lumeth::Scene& scene = build();
+    ASSERT_EQ(drawsWith(scene, "yellow to blue", 9.25).size(), 1U);
+    EXPECT_EQ(uniform<glm::vec3>(scene.drawSkybox(), "background_color"), glm::vec3(0.0F));
+}
+
+TEST_F(BottleSceneTest, BuildsEverythingInOrder)
+{
+    build({}, {320, 200});
+    std::vector<std::string> expected = passStory("letterbox", 320, 200);
+    for (const std::vector<std::string>& part :
+         {passStory("gamma", 320, 200), backgroundStory("yellow to blue"),
+          std::vector<std::string>{
+              "model beer",
+              "texture pisswasser.dds 2048x2048",
+              "triangle at z -1",
+              "texture unlimited.dds 2048x2048",
+              "vertex shader full frame",
+              "fragment shader bottle text",
+              "createProgram",
+              "uniform time",
+              "track camera_pos_x",
+              "track camera_pos_y",
+              "track camera_pos_z",
+              "track camera_tgt_x",
+              "track camera_tgt_y",
+              "track camera_tgt_z",
+          }})
+    {
+        expected.insert(expected.end(), part.begin(), part.end());
+    }
+    EXPECT_THAT(story(), ElementsAreArray(expected));
+}
+
+struct Moment {
+    const char* name;
+    double time;
+};
+
+const Moment moments[] = {
+    {"AtTheStart", 0.0},   {"AfterASecond", 1.0},       {"AtAnOddTime", 12.3456789},
+    {"Halfway", 93.71828}, {"NearTheEnd", 187.1234567}, {"BeforeTheStart", -0.5},
+};
+
+class BottleMoment : public BottleSceneTest, public testing::WithParamInterface<Moment> {};
+
+TEST_P(BottleMoment, CirclesAndSpinsEachBottle)
+{
+    const double time = GetParam().time;
+    lumeth::Scene& scene = build(camera);
+    update(time);
+    for (int n = 0; n < 10; ++n) {
+        SCOPED_TRACE(n);
+        const double phase = n * 0.628;
+        const double place = 0.5 * time + phase;
+        const glm::vec3 position(static_cast<float>(0.5 * std::cos(place)), 0.0F,
+                                 2.0F + static_cast<float>(0.5 * std::sin(place)));
+        const float half = 0.5F * static_cast<float>(phase + time);
+
+        lumeth::DisplayListItem expected("", {static_cast<float>(0.1 * n), 0.0F, 1.0F}, zeroQuaternion,
+                                         glm::vec3(0.04F));
+        expected.setPosition(position);
+        expected.setOrientation(xyzw(0.0F, 0.0F, std::sin(half), std::cos(half)));
+        const lumeth::DisplayListItem& item = itemAt(scene, "beer" + std::to_string(n));
+        expectSame(item.localMatrix, expected.localMatrix);
+        // The spin is a float: at 190 radians it is off by up to 8 millionths.
+        const auto spin = static_cast<double>(static_cast<float>(phase + time));
+        EXPECT_NEAR(spin, n * 0.628 + time, 8e-6);
+        expectTurned(item, position, spin, {0.0, 0.0, 1.0}, 0.04);
+    }
+}
+
+TEST_P(BottleMoment, MovesNeitherBottlesBelowTheirNodesNorText)
+{
+    lumeth::Scene& scene = build(camera);
+    update(GetParam().time);
+    for (const ExpectedNode& row : nodes) {
+        SCOPED_TRACE(row.path);
+        EXPECT_TRUE(itemAt(scene, row.path).visible);
+        const std::string path = row.path;
+        if (path == "scroller" || path.ends_with("/bottle")) {
+            expectNode(scene, row);
+        }
+    }
+}
+
+TEST_P(BottleMoment, PlacesTheCameraAsTheTracksSay)
+{
+    lumeth::Scene& scene = build(camera);
+    update(GetParam().time);
+    expectCamera(scene, {0.25F, 0.5F, -0.75F}, {0.1F, 0.2F, 2.0F});
+}
+INSTANTIATE_TEST_SUITE_P(All, BottleMoment, testing::ValuesIn(moments),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(BottleSceneTest, StartsTheFirstBottleUnturnedOnTheRightOfTheRing)
+{
+    lumeth::Scene& scene = build(camera);
+    update(0.0);
+    const glm::mat4& matrix = itemAt(scene, "beer0").localMatrix;
+    EXPECT_EQ(matrix[3], glm::vec4(0.5F, 0.0F, 2.0F, 1.0F));
+    expectTurned(itemAt(scene, "beer0"), {0.5F, 0.0F, 2.0F}, 0.0, {0.0, 0.0, 1.0}, 0.04);
+}
+
+TEST_F(BottleSceneTest, LeavesAGapInTheRing)
+{
+    lumeth::Scene& scene = build(camera);
+    update(0.0);
+    // 9 * 0.628 is 5.652, and 0.631185 short of a full circle where the others are 0.628 apart.
+    const glm::vec4 last = itemAt(scene, "beer9").localMatrix[3];
+    EXPECT_NEAR(std::atan2(last.z - 2.0F, last.x), -0.631185F, 2e-6F);
+}
+
+} // namespace

@@ -1,0 +1,427 @@
+#include "scenes/burger_scene.h"
+
+#include "tests/scenes/scene_stage.h"
+#include "tests/scenes/track_watch.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+namespace {
+
+using BurgerSceneTest = SceneTest<BurgerScene>;
+
+// clang-format off
+const ExpectedObject objects[] = {
+    // name            model               colour                      normal  emission  colour                  amb   diff  spec  shin
+    {"boxb",           "burgerbox_bottom", {},                         {},     {},       {1.0F, 0.96F, 0.91F},   0.1F, 1.0F, 1.0F, 30.0F},
+    {"boxt",           "burgerbox_top",    map2k("burgerbox_top.dds"), {},     {},       {0.5F, 0.5F, 0.3F},     0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_top",     "burger_top",       {},                         {},     {},       {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_bottom",  "burger_bottom",    {},                         {},     {},       {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_middle",  "burger_middle",    {},                         {},     {},       {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_steak",   "burger_steak",     {},                         {},     {},       {0.28F, 0.19F, 0.1F},   0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_cheese",  "burger_cheese",    {},                         {},     {},       {0.9F, 0.68F, 0.08F},   0.1F, 1.0F, 1.0F, 30.0F},
+};
+
+constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
+
+const ExpectedNode nodes[] = {
+    // path                 object            position               orientation     scale
+    {"box",                 "",               {0.0F, 0.0F, 1.0F},    y314,           1.0F},
+    {"box/boxb",            "boxb",           {0.0F, 0.0F, -0.05F},  zeroQuaternion, 0.02F},
+    {"box/boxt",            "boxt",           {0.0F, 0.0F, -0.05F},  zeroQuaternion, 0.02F},
+    {"box/burger_top",      "burger_top",     {0.0F, 0.0F, 0.0F},    zeroQuaternion, 0.02F},
+    {"box/burger_bottom",   "burger_bottom",  {0.0F, 0.0F, 0.0F},    zeroQuaternion, 0.02F},
+    {"box/burger_steak1",   "burger_steak",   {0.0F, 0.0F, 0.0F},    zeroQuaternion, 0.02F},
+    {"box/burger_cheese1",  "burger_cheese",  {0.0F, 0.0F, 0.0F},    zeroQuaternion, 0.02F},
+    {"box/burger_middle",   "burger_middle",  {0.0F, 0.0F, 0.0F},    zeroQuaternion, 0.02F},
+    {"box/burger_steak2",   "burger_steak",   {0.0F, 0.01F, 0.0F},   zeroQuaternion, 0.02F},
+    {"box/burger_cheese2",  "burger_cheese",  {0.0F, 0.01F, 0.0F},   zeroQuaternion, 0.02F},
+    {"scroller",            "scroller",       {0.0F, 0.0F, 0.0F},    zeroQuaternion, 1.0F},
+};
+
+const ExpectedLight lights[] = {
+    {{-3.0F, 2.0F, -3.0F}, {0.3F, 0.3F, 0.3F}, {1.1F, 1.1F, 1.1F}},
+    {{3.0F, 3.0F, -3.0F},  {0.7F, 0.7F, 0.7F}, {1.0F, 1.0F, 1.0F}},
+};
+
+/// How one layer of the burger moves.
+struct Layer {
+    const char* node;
+    const char* object;
+    double rise;   ///< times "burger_open"
+    double rest;   ///< height without it
+    float tumble;  ///< times "burger_random" half turns
+    glm::vec3 axis;
+};
+
+constexpr float s = 0.7071068F;
+const Layer layers[] = {
+    // node            object           rise   rest           tumble  axis
+    {"burger_top",     "burger_top",    1.0,   0.0,           -0.7F,  {s, 0.0F, -s}},
+    {"burger_cheese2", "burger_cheese", 0.9,   0.00999999978, 0.3F,   {s, 0.0F, s}},
+    {"burger_steak2",  "burger_steak",  0.8,   0.00999999978, -0.4F,  {1.0F, 0.0F, 0.0F}},
+    {"burger_middle",  "burger_middle", 0.6,   0.0,           0.3F,   {1.0F, 0.0F, 0.0F}},
+    {"burger_cheese1", "burger_cheese", 0.45,  0.0,           -0.4F,  {0.0F, 0.0F, 1.0F}},
+    {"burger_steak1",  "burger_steak",  0.3,   0.0,           0.3F,   {1.0F, 0.0F, 0.0F}},
+    {"burger_bottom",  "burger_bottom", 0.2,   0.0,           0.0F,   {0.0F, 0.0F, 0.0F}},
+};
+
+struct Moment {
+    const char* name;
+    float rotate;
+    float pitch;
+    float lid;
+    float open;
+    float random;
+};
+
+const Moment moments[] = {
+    // name                    rotate    pitch    lid      open     random
+    {"Closed",                 0.0F,     0.0F,    0.0F,    0.0F,    0.0F},
+    {"TurnedOnce",             1.0F,     0.0F,    0.0F,    0.0F,    0.0F},
+    {"PitchedOver",            0.0F,     1.0F,    0.0F,    0.0F,    0.0F},
+    {"TurnedAndPitched",       0.3F,     0.206F,   0.0F,    0.0F,    0.0F},
+    {"TheOtherWay",            -0.77F,   -0.407F, -0.206F,  0.0F,    0.0F},
+    {"WithAnOpenLid",          0.0F,     0.0F,    0.63F,   0.0F,    0.0F},
+    {"WithTheLidAllAround",    0.123F,   0.0F,    1.0F,    0.0F,    0.0F},
+    {"RisenByOne",             0.0F,     0.0F,    0.0F,    1.0F,    0.0F},
+    {"RisenALittle",           0.0F,     0.0F,    0.7F,    0.123F,  0.0F},
+    {"Tumbled",                0.0F,     0.0F,    0.7F,    0.0F,    1.0F},
+    {"TumbledBackwards",       0.871F,   0.373F,  0.873F,  -0.057F, -0.023F},
+    {"AllAtOnce",              2.217F,   0.873F,  0.571F,  0.371F,  0.199F},
+};
+// clang-format on
+
+TrackValues tracksOf(const Moment& moment)
+{
+    return {{"burger_rotate", moment.rotate}, {"burger_pitch", moment.pitch},   {"box_open", moment.lid},
+            {"burger_open", moment.open},     {"burger_random", moment.random}, {"camera_pos_z", 2.0F}};
+}
+
+float inDouble(float value, double factor)
+{
+    return static_cast<float>(static_cast<double>(value) * factor);
+}
+
+glm::quat about(const glm::vec3& axis, float angle)
+{
+    const float half = angle * 0.5F;
+    return xyzw(axis.x * std::sin(half), axis.y * std::sin(half), axis.z * std::sin(half), std::cos(half));
+}
+
+class BurgerObject : public BurgerSceneTest, public testing::WithParamInterface<ExpectedObject> {};
+
+TEST_P(BurgerObject, IsDrawnAsItsRowSays)
+{
+    expectObject(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, BurgerObject, testing::ValuesIn(objects),
+                         [](const auto& row) { return testName(row.param.name); });
+
+class BurgerNode : public BurgerSceneTest, public testing::WithParamInterface<ExpectedNode> {};
+
+TEST_P(BurgerNode, StandsAsItsRowSays)
+{
+    expectNode(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, BurgerNode, testing::ValuesIn(nodes),
+                         [](const auto& row) { return testName(row.param.path); });
+
+TEST_F(BurgerSceneTest, HangsAllOfTheBurgerUnderTheBoxInTheTablesOrder)
+{
+    expectTree(build(), {std::begin(nodes), std::end(nodes)});
+}
+
+TEST_F(BurgerSceneTest, StartsWithAllVisibleButTheText)
+{
+    lumeth::Scene& scene = build();
+    for (const ExpectedNode& row : nodes) {
+        EXPECT_EQ(itemAt(scene, row.path).visible, std::string(row.path) != "scroller") << row.path;
+    }
+}
+
+TEST_F(BurgerSceneTest, LightsWithTwoOfEightLights)
+{
+    expectLights(build(), "boxb", {std::begin(lights), std::end(lights)});
+}
+
+TEST_F(BurgerSceneTest, LaysItsTextBeforeEverything)
+{
+    expectTextLayer(build(), -1.0F, layer4k("burgertext.dds"), {}, "burger text");
+}
+
+TEST_F(BurgerSceneTest, SendsItsTextTheTimeAlone)
+{
+    lumeth::Scene& scene = build();
+    const zund::DrawCommand text = drawn(scene, "scroller", 170.123456789);
+    EXPECT_THAT(uniformNames(text), ElementsAre("time"));
+    EXPECT_EQ(uniform<float>(text, "time"), 170.123456789F);
+}
+
+TEST_F(BurgerSceneTest, HidesItsSkyBehindTheGradient)
+{
+    lumeth::Scene& scene = build();
+    ASSERT_EQ(drawsWith(scene, "grey to blue", 9.25).size(), 1U);
+    const zund::DrawCommand sky = scene.drawSkybox();
+    EXPECT_EQ(uniform<glm::vec3>(sky, "background_color"), glm::vec3(0.3F, 0.3F, 0.4F));
+    for (const zund::DrawCommand& command : renderer.frames.back()) {
+        EXPECT_NE(command.program.get(), sky.program.get());
+    }
+}
+
+TEST_F(BurgerSceneTest, BuildsEverythingInOrderAndTheTextAfterTheTracks)
+{
+    build({}, {320, 200});
+    std::vector<std::string> expected = passStory("letterbox", 320, 200);
+    for (const std::vector<std::string>& part :
+         {passStory("gamma", 320, 200), backgroundStory("grey to blue"),
+          std::vector<std::string>{
+              "model burgerbox_bottom",
+              "model burgerbox_top",
+              "texture burgerbox_top.dds 2048x2048",
+              "model burger_top",
+              "model burger_bottom",
+              "model burger_middle",
+              "model burger_steak",
+              "model burger_cheese",
+              "track camera_pos_x",
+              "track camera_pos_y",
+              "track camera_pos_z",
+              "track camera_tgt_x",
+              "track camera_tgt_y",
+              "track camera_tgt_z",
+              "track burger_rotate",
+              "track burger_pitch",
+              "track box_open",
+              "track burger_open",
+              "track burger_random",
+              "track burger_text",
+              "triangle at z -1",
+              "texture burgertext.dds 3840x2160",
+              "vertex shader full frame",
+              "fragment shader burger text",
+              "createProgram",
+              "uniform time",
+          }})
+    {
+        expected.insert(expected.end(), part.begin(), part.end());
+    }
+    EXPECT_THAT(story(), ElementsAreArray(expected));
+}
+
+TEST_F(BurgerSceneTest, PlacesTheCameraAsTheTracksSay)
+{
+    lumeth::Scene& scene = build({{"camera_pos_x", 0.3F},
+                                  {"camera_pos_y", 0.4F},
+                                  {"camera_pos_z", -1.7F},
+                                  {"camera_tgt_x", -0.05F},
+                                  {"camera_tgt_y", 0.1F},
+                                  {"camera_tgt_z", 1.0F}});
+    update(3.75);
+    expectCamera(scene, {0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F});
+}
+
+class BurgerMoment : public BurgerSceneTest, public testing::WithParamInterface<Moment> {};
+
+TEST_P(BurgerMoment, PitchesTheBoxBeforeItTurnsIt)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    const float pitch = moment.pitch * -3.14F;
+    const float turn = inDouble(moment.rotate, -6.28);
+    const glm::quat x = about({1.0F, 0.0F, 0.0F}, pitch);
+    const glm::quat y = about({0.0F, 1.0F, 0.0F}, turn);
+    // Hamilton's product of y and x, of whose components half are zero.
+    const glm::quat both = xyzw(y.w * x.x, y.y * x.w, -(y.y * x.x), y.w * x.w);
+    lumeth::DisplayListItem expected("", {0.0F, 0.0F, 1.0F}, y314, glm::vec3(1.0F));
+    expected.setOrientation(both);
+    const glm::mat4& matrix = itemAt(scene, "box").localMatrix;
+    expectSame(matrix, expected.localMatrix);
+
+    // In full precision: what points along y is first pitched, then turned.
+    const double a1 = static_cast<double>(moment.pitch) * -3.14;
+    const double a2 = static_cast<double>(moment.rotate) * -6.28;
+    EXPECT_NEAR(matrix[1][0], std::sin(a2) * std::sin(a1), 2e-6);
+    EXPECT_NEAR(matrix[1][1], std::cos(a1), 2e-6);
+    EXPECT_NEAR(matrix[1][2], std::cos(a2) * std::sin(a1), 2e-6);
+    EXPECT_NEAR(matrix[0][0], std::cos(a2), 2e-6);
+    EXPECT_NEAR(matrix[0][1], 0.0, 2e-6);
+    EXPECT_NEAR(matrix[0][2], -std::sin(a2), 2e-6);
+}
+
+TEST_P(BurgerMoment, OpensTheLidAndLeavesTheTray)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    lumeth::DisplayListItem expected("boxt", {0.0F, 0.0F, -0.05F}, zeroQuaternion, glm::vec3(0.02F));
+    expected.setOrientation(about({1.0F, 0.0F, 0.0F}, inDouble(moment.lid, 3.14)));
+    expectSame(itemAt(scene, "box/boxt").localMatrix, expected.localMatrix);
+    expectTurned(itemAt(scene, "box/boxt"), {0.0F, 0.0F, -0.05F}, static_cast<double>(moment.lid) * 3.14,
+                 {1.0, 0.0, 0.0}, 0.02);
+    expectNode(scene, nodes[1]);
+}
+
+TEST_P(BurgerMoment, RaisesAndTumblesEachLayer)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    const float random = inDouble(moment.random, 3.14);
+    for (const Layer& layer : layers) {
+        SCOPED_TRACE(layer.node);
+        const auto height = static_cast<float>(layer.rise * static_cast<double>(moment.open) + layer.rest);
+        const bool tumbles = layer.tumble != 0.0F;
+        lumeth::DisplayListItem expected(layer.object, {0.0F, static_cast<float>(layer.rest), 0.0F},
+                                         zeroQuaternion, glm::vec3(0.02F));
+        expected.setPosition({0.0F, height, 0.0F});
+        if (tumbles) {
+            expected.setOrientation(about(layer.axis, random * layer.tumble));
+        }
+        const lumeth::DisplayListItem& item = itemAt(scene, std::string("box/") + layer.node);
+        expectSame(item.localMatrix, expected.localMatrix);
+        // An axis of the table is of length 1 up to the rounding of its literal.
+        expectTurned(item, {0.0F, height, 0.0F},
+                     static_cast<double>(moment.random) * 3.14 * static_cast<double>(layer.tumble),
+                     layer.axis, 0.02);
+    }
+}
+
+TEST_P(BurgerMoment, LeavesTheTextWhereItIs)
+{
+    lumeth::Scene& scene = build(tracksOf(GetParam()));
+    update(3.75);
+    expectNode(scene, nodes[10]);
+}
+INSTANTIATE_TEST_SUITE_P(All, BurgerMoment, testing::ValuesIn(moments),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(BurgerMoments, TellDoublesFromFloats)
+{
+    int turns = 0;
+    int lids = 0;
+    int randoms = 0;
+    int rises = 0;
+    int pitches = 0;
+    int tumbles7 = 0;
+    int tumbles4 = 0;
+    int tumbles3 = 0;
+    for (const Moment& moment : moments) {
+        turns += inDouble(moment.rotate, -6.28) != moment.rotate * -6.28F ? 1 : 0;
+        lids += inDouble(moment.lid, 3.14) != moment.lid * 3.14F ? 1 : 0;
+        randoms += inDouble(moment.random, 3.14) != moment.random * 3.14F ? 1 : 0;
+        const auto high = static_cast<float>(0.9 * static_cast<double>(moment.open) + 0.00999999978);
+        pitches += inDouble(moment.pitch, -3.14) != moment.pitch * -3.14F ? 1 : 0;
+        const float random = inDouble(moment.random, 3.14);
+        tumbles7 += inDouble(random, 0.7) != random * 0.7F ? 1 : 0;
+        tumbles4 += inDouble(random, 0.4) != random * 0.4F ? 1 : 0;
+        tumbles3 += inDouble(random, 0.3) != random * 0.3F ? 1 : 0;
+        rises += high != 0.9F * moment.open + 0.01F ? 1 : 0;
+    }
+    EXPECT_GT(turns, 0);
+    EXPECT_GT(lids, 0);
+    EXPECT_GT(randoms, 0);
+    EXPECT_GT(rises, 0);
+    EXPECT_GT(pitches, 0);
+    EXPECT_GT(tumbles7, 0);
+    EXPECT_GT(tumbles4, 0);
+    EXPECT_GT(tumbles3, 0);
+}
+
+TEST_F(BurgerSceneTest, StandsAssembledAndClosedWithAllTracksAtZero)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    update(0.0);
+    for (std::size_t i = 1; i < std::size(nodes); ++i) {
+        SCOPED_TRACE(nodes[i].path);
+        expectTurned(itemAt(scene, nodes[i].path), nodes[i].position, 0.0, {1.0, 0.0, 0.0},
+                     static_cast<double>(nodes[i].scale));
+    }
+    expectTurned(itemAt(scene, "box"), {0.0F, 0.0F, 1.0F}, 0.0, {1.0, 0.0, 0.0}, 1.0);
+    EXPECT_FALSE(itemAt(scene, "scroller").visible);
+}
+
+TEST_F(BurgerSceneTest, SpreadsTheLayersOverOneUnit)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_open", 1.0F}});
+    update(0.0);
+    const std::pair<const char*, float> heights[] = {
+        {"burger_top", 1.0F},
+        {"burger_cheese2", 0.91F},
+        {"burger_steak2", 0.81F},
+        {"burger_middle", 0.6F},
+        {"burger_cheese1", 0.45F},
+        {"burger_steak1", 0.3F},
+        {"burger_bottom", 0.2F},
+        {"boxb", 0.0F},
+        {"boxt", 0.0F},
+    };
+    for (const auto& [node, height] : heights) {
+        EXPECT_FLOAT_EQ(itemAt(scene, std::string("box/") + node).localMatrix[3].y, height) << node;
+    }
+}
+
+struct TextSwitch {
+    const char* name;
+    float value; ///< of "burger_text"
+    bool visible;
+};
+
+const TextSwitch textSwitches[] = {
+    {"OffBelowZero", -1.0F, false},    {"OffAtZero", 0.0F, false}, {"OffAtNegativeZero", -0.0F, false},
+    {"OnJustAboveZero", 1e-30F, true}, {"OnAtAHalf", 0.5F, true},  {"OnAtOne", 1.0F, true},
+};
+
+class BurgerText : public BurgerSceneTest, public testing::WithParamInterface<TextSwitch> {};
+
+TEST_P(BurgerText, IsDrawnOnlyAboveZero)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_text", GetParam().value}});
+    update(0.0);
+    EXPECT_EQ(itemAt(scene, "scroller").visible, GetParam().visible);
+    EXPECT_EQ(drawsWith(scene, "burger text", 0.0).size(), GetParam().visible ? 1U : 0U);
+}
+INSTANTIATE_TEST_SUITE_P(All, BurgerText, testing::ValuesIn(textSwitches),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(BurgerSceneTest, GoesOnWithoutTheTextWhenItIsSwitchedOff)
+{
+    folder.writeTrack("burger_text", {{0, 1.0F, 0}, {100, 0.0F, 0}});
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    update(0.0);
+    EXPECT_TRUE(itemAt(scene, "scroller").visible);
+    update(100.5 / 34.13333333333333);
+    EXPECT_FALSE(itemAt(scene, "scroller").visible);
+}
+
+TEST_F(BurgerSceneTest, ReadsTheTextTrackLastAfterAllTransforms)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_random", 0.5F}});
+    bool tumbled = false;
+    trackWatch.onRead = [&](const std::string& track) {
+        if (track == "burger_text") {
+            tumbled = itemAt(scene, "box/burger_steak1").localMatrix[1][2] != 0.0F;
+        }
+    };
+    update(0.0);
+    EXPECT_TRUE(tumbled);
+    const std::vector<std::string> reads = trackWatch.takeReads();
+    ASSERT_EQ(reads.size(), 12U);
+    EXPECT_EQ(reads.back(), "burger_text");
+}
+
+TEST_F(BurgerSceneTest, ServesTwoNodesEachWithSteakAndCheese)
+{
+    lumeth::Scene& scene = build();
+    EXPECT_EQ(renderer.meshes.size(), 2U + 8U); // and those of passes and sky
+    scene.draw(renderer, 0.0);
+    // Two clears, background, nine nodes with an object that is visible, clear of the screen, two passes.
+    EXPECT_EQ(renderer.frames.back().size(), 3U + 9U + 3U);
+}
+
+} // namespace

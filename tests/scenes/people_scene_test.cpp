@@ -1,0 +1,294 @@
+#include "scenes/people_scene.h"
+
+#include "tests/scenes/scene_stage.h"
+#include "tests/scenes/track_watch.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+namespace {
+
+using PeopleSceneTest = SceneTest<PeopleScene>;
+
+// clang-format off
+const ExpectedObject objects[] = {
+    // name     model        colour                  normal                  emission  colour                  amb   diff  spec  shin
+    {"sofa",    "sofa",      map2k("sofa_diff.dds"), map2k("sofa_norm.dds"), {},       {0.5F, 0.5F, 0.5F},     0.1F, 1.5F, 1.0F, 32.0F},
+    {"ukko",    "person",    {},                     {},                     {},       {0.83F, 0.67F, 0.53F},  0.1F, 1.0F, 0.1F, 30.0F},
+    {"hat",     "hat",       {},                     {},                     {},       {0.9F, 0.9F, 0.9F},     0.1F, 1.0F, 0.1F, 30.0F},
+    {"glasses", "glasses",   {},                     {},                     {},       {0.1F, 0.1F, 0.1F},     0.1F, 1.0F, 0.1F, 30.0F},
+    {"legs",    "sofa_legs", {},                     {},                     {},       {0.2F, 0.2F, 0.2F},     0.1F, 1.0F, 0.1F, 10.0F},
+};
+
+const ExpectedNode nodes[] = {
+    // path             object      position                 orientation     scale
+    {"sofa",            "sofa",     {0.0F, -0.7F, 0.0F},     zeroQuaternion, 0.2F},
+    {"legs",            "legs",     {0.0F, -0.7F, 0.0F},     zeroQuaternion, 0.2F},
+    {"ukko1",           "ukko",     {-0.5F, -0.7F, 0.0F},    zeroQuaternion, 0.2F},
+    {"ukko1_hat",       "",         {-0.5F, 0.75F, -0.36F},  zeroQuaternion, 0.2F},
+    {"ukko1_hat/hat",   "hat",      {0.0F, 0.5F, 0.0F},      zeroQuaternion, 1.0F},
+    {"ukko2",           "ukko",     {0.5F, -0.7F, 0.0F},     zeroQuaternion, 0.2F},
+    {"ukko2_glasses",   "glasses",  {0.5F, 0.67F, -0.35F},   zeroQuaternion, 0.2F},
+    {"scroller",        "scroller", {0.0F, 0.0F, -3.0F},     zeroQuaternion, 1.0F},
+};
+
+const ExpectedLight lights[] = {
+    {{-3.0F, 2.0F, 3.0F}, {0.4F, 0.4F, 0.4F}, {0.8F, 0.8F, 0.8F}},
+    {{3.0F, 5.0F, 3.0F},  {0.6F, 0.6F, 0.6F}, {0.9F, 0.9F, 0.9F}},
+};
+// clang-format on
+
+class PeopleObject : public PeopleSceneTest, public testing::WithParamInterface<ExpectedObject> {};
+
+TEST_P(PeopleObject, IsDrawnAsItsRowSays)
+{
+    expectObject(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, PeopleObject, testing::ValuesIn(objects),
+                         [](const auto& row) { return testName(row.param.name); });
+
+class PeopleNode : public PeopleSceneTest, public testing::WithParamInterface<ExpectedNode> {};
+
+TEST_P(PeopleNode, StandsAsItsRowSays)
+{
+    expectNode(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, PeopleNode, testing::ValuesIn(nodes),
+                         [](const auto& row) { return testName(row.param.path); });
+
+TEST_F(PeopleSceneTest, HangsTheHatUnderItsPivotAndAllElseUnderTheRoot)
+{
+    expectTree(build(), {std::begin(nodes), std::end(nodes)});
+}
+
+TEST_F(PeopleSceneTest, LightsWithTwoOfEightLights)
+{
+    expectLights(build(), "sofa", {std::begin(lights), std::end(lights)});
+}
+
+TEST_F(PeopleSceneTest, LaysItsTextInTheMiddleOfClipSpace)
+{
+    expectTextLayer(build(), 0.0F, layer4k("pants.dds"), {}, "people text");
+}
+
+TEST_F(PeopleSceneTest, SendsItsTextTheTimeAlone)
+{
+    lumeth::Scene& scene = build();
+    const zund::DrawCommand text = drawn(scene, "scroller", 170.123456789);
+    EXPECT_THAT(uniformNames(text), ElementsAre("time"));
+    EXPECT_EQ(uniform<float>(text, "time"), 170.123456789F);
+}
+
+TEST_F(PeopleSceneTest, StandsBeforeAWarmGradientAndLeavesTheSkyBlack)
+{
+    lumeth::Scene& scene = build();
+    const std::vector<zund::DrawCommand> backgrounds = drawsWith(scene, "warm to teal", 9.25);
+    ASSERT_EQ(backgrounds.size(), 1U);
+    EXPECT_EQ(uniform<glm::vec2>(backgrounds[0], "resolution"), glm::vec2(320.0F, 200.0F));
+    EXPECT_EQ(uniform<glm::vec3>(scene.drawSkybox(), "background_color"), glm::vec3(0.0F));
+}
+
+TEST_F(PeopleSceneTest, BuildsEverythingInOrder)
+{
+    build({}, {320, 200});
+    std::vector<std::string> expected = passStory("letterbox", 320, 200);
+    for (const std::vector<std::string>& part :
+         {passStory("gamma", 320, 200), backgroundStory("warm to teal"),
+          std::vector<std::string>{
+              "model sofa",
+              "texture sofa_diff.dds 2048x2048",
+              "texture sofa_norm.dds 2048x2048",
+              "model person",
+              "model hat",
+              "model glasses",
+              "triangle at z 0",
+              "texture pants.dds 3840x2160",
+              "vertex shader full frame",
+              "fragment shader people text",
+              "createProgram",
+              "uniform time",
+              "model sofa_legs",
+              "track camera_pos_x",
+              "track camera_pos_y",
+              "track camera_pos_z",
+              "track camera_tgt_x",
+              "track camera_tgt_y",
+              "track camera_tgt_z",
+              "track hat_r",
+          }})
+    {
+        expected.insert(expected.end(), part.begin(), part.end());
+    }
+    EXPECT_THAT(story(), ElementsAreArray(expected));
+}
+
+struct Moment {
+    const char* name;
+    float orbit;  ///< camera_pos_x
+    float height; ///< camera_pos_y
+    float radius; ///< camera_pos_z
+    glm::vec3 target;
+    float hat; ///< hat_r
+};
+
+// clang-format off
+const Moment moments[] = {
+    // name                   orbit    height  radius   target                    hat
+    {"InFront",               0.0F,    0.5F,   3.0F,    {0.0F, 0.0F, 0.0F},       0.0F},
+    {"AQuarterRound",         0.5F,    0.25F,  2.75F,   {0.1F, -0.2F, 0.3F},      0.25F},
+    {"HalfWayRound",          1.0F,    -0.5F,  4.0F,    {0.0F, 0.1F, 0.0F},       0.5F},
+    {"TheOtherWay",           -0.373F, 1.3F,   1.7F,    {-0.5F, 0.75F, -0.36F},   0.596F},
+    {"ManyTimesRound",        7.3F,    2.0F,   6.1F,    {0.5F, 0.67F, -0.35F},    1.0F},
+    {"WithANegativeRadius",   0.2F,    0.1F,   -2.0F,   {0.0F, 0.0F, 0.5F},       -0.3F},
+    {"AtAnOddTilt",           0.11F,   0.7F,   2.3F,    {0.0F, 0.2F, 0.1F},       0.123F},
+    {"AtAnotherOddTilt",      0.775F,  0.7F,   2.3F,    {0.0F, 0.2F, 0.1F},       3.217F},
+    {"AtAThirdOddTilt",       0.933F,  0.7F,   2.3F,    {0.0F, 0.2F, 0.1F},       0.873F},
+};
+// clang-format on
+
+TrackValues tracksOf(const Moment& moment)
+{
+    return {{"camera_pos_x", moment.orbit},
+            {"camera_pos_y", moment.height},
+            {"camera_pos_z", moment.radius},
+            {"camera_tgt_x", moment.target.x},
+            {"camera_tgt_y", moment.target.y},
+            {"camera_tgt_z", moment.target.z},
+            {"hat_r", moment.hat}};
+}
+
+/// What hat and glasses tip by, before their shares.
+float swingOf(float hat)
+{
+    return std::fabs(std::cos(hat * 3.14F - 0.3F)) * 3.14F;
+}
+
+/// A share of the swing, taken in double precision.
+float shareOf(float swing, double share)
+{
+    return static_cast<float>(static_cast<double>(swing) * share);
+}
+
+glm::quat aboutX(float angle)
+{
+    const float half = angle * 0.5F;
+    return xyzw(std::sin(half), 0.0F, 0.0F, std::cos(half));
+}
+
+class PeopleMoment : public PeopleSceneTest, public testing::WithParamInterface<Moment> {};
+
+TEST_P(PeopleMoment, CirclesTheVerticalAxisWithTheCamera)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    const float angle = moment.orbit * 3.14F;
+    const glm::vec3 position(std::cos(angle) * moment.radius, moment.height, moment.radius * std::sin(angle));
+    expectCamera(scene, position, moment.target);
+}
+
+TEST_P(PeopleMoment, TipsTheHatByATwentiethOfTheSwing)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    lumeth::DisplayListItem expected("", {-0.5F, 0.75F, -0.36F}, zeroQuaternion, glm::vec3(0.2F));
+    expected.setOrientation(aboutX(shareOf(swingOf(moment.hat), 0.05)));
+    expectSame(itemAt(scene, "ukko1_hat").localMatrix, expected.localMatrix);
+
+    const double swing = std::fabs(std::cos(static_cast<double>(moment.hat) * 3.14 - 0.3)) * 3.14;
+    expectTurned(itemAt(scene, "ukko1_hat"), {-0.5F, 0.75F, -0.36F}, swing * 0.05, {1.0, 0.0, 0.0}, 0.2);
+}
+
+TEST_P(PeopleMoment, TipsTheGlassesByATenthOfTheSwing)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    lumeth::DisplayListItem expected("glasses", {0.5F, 0.67F, -0.35F}, zeroQuaternion, glm::vec3(0.2F));
+    expected.setOrientation(aboutX(shareOf(swingOf(moment.hat), 0.1)));
+    expectSame(itemAt(scene, "ukko2_glasses").localMatrix, expected.localMatrix);
+
+    const double swing = std::fabs(std::cos(static_cast<double>(moment.hat) * 3.14 - 0.3)) * 3.14;
+    expectTurned(itemAt(scene, "ukko2_glasses"), {0.5F, 0.67F, -0.35F}, swing * 0.1, {1.0, 0.0, 0.0}, 0.2);
+}
+
+TEST_P(PeopleMoment, LeavesTheOthersAsTheyWere)
+{
+    lumeth::Scene& scene = build(tracksOf(GetParam()));
+    update(3.75);
+    for (const ExpectedNode& row : nodes) {
+        SCOPED_TRACE(row.path);
+        EXPECT_TRUE(itemAt(scene, row.path).visible);
+        if (std::string(row.path) != "ukko1_hat" && std::string(row.path) != "ukko2_glasses") {
+            expectNode(scene, row);
+        }
+    }
+}
+INSTANTIATE_TEST_SUITE_P(All, PeopleMoment, testing::ValuesIn(moments),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(PeopleMoments, TellDoublesFromFloats)
+{
+    int hats = 0;
+    int glasses = 0;
+    for (const Moment& moment : moments) {
+        const float swing = swingOf(moment.hat);
+        hats += shareOf(swing, 0.05) != swing * 0.05F ? 1 : 0;
+        glasses += shareOf(swing, 0.1) != swing * 0.1F ? 1 : 0;
+    }
+    EXPECT_GT(hats, 0);
+    EXPECT_GT(glasses, 0);
+}
+
+TEST_F(PeopleSceneTest, IsNotUprightWhereTheHatTrackIsZero)
+{
+    lumeth::Scene& scene = build({{"hat_r", 0.0F}, {"camera_pos_z", 1.0F}});
+    update(0.0);
+    // |cos(-0.3)| * 3.14 is 2.99976.
+    EXPECT_NEAR(swingOf(0.0F), 2.99976F, 1e-4F);
+    expectTurned(itemAt(scene, "ukko1_hat"), {-0.5F, 0.75F, -0.36F}, 0.1499875, {1.0, 0.0, 0.0}, 0.2);
+    expectTurned(itemAt(scene, "ukko2_glasses"), {0.5F, 0.67F, -0.35F}, 0.299975, {1.0, 0.0, 0.0}, 0.2);
+}
+
+TEST_F(PeopleSceneTest, IsAllButUprightWhereTheCosineCrossesZero)
+{
+    lumeth::Scene& scene = build({{"hat_r", 0.596F}, {"camera_pos_z", 1.0F}});
+    update(0.0);
+    // Of 0.596 * 3.14 - 0.3 = 1.57144 the cosine is -0.00064.
+    EXPECT_NEAR(itemAt(scene, "ukko1_hat").localMatrix[1][2], 0.2F * 0.05F * 0.00064F * 3.14F, 2e-6F);
+    EXPECT_NEAR(itemAt(scene, "ukko2_glasses").localMatrix[1][2], 0.2F * 0.1F * 0.00064F * 3.14F, 4e-6F);
+}
+
+TEST_F(PeopleSceneTest, StandsOnTheAxisWithoutARadiusWhateverTheAngle)
+{
+    lumeth::Scene& scene = build({{"camera_pos_x", 0.7F}, {"camera_pos_y", 2.0F}, {"camera_tgt_z", -1.0F}});
+    update(0.0);
+    expectCamera(scene, {0.0F, 2.0F, 0.0F}, {0.0F, 0.0F, -1.0F});
+}
+
+TEST_F(PeopleSceneTest, EndsAHalfOrbitALittleShort)
+{
+    lumeth::Scene& scene = build({{"camera_pos_x", 1.0F}, {"camera_pos_z", 2.0F}});
+    update(0.0);
+    // cos 3.14 = -0.99999873, sin 3.14 = 0.00159265: the eye is at twice that, and the view looks down on it.
+    const glm::mat4 world = glm::inverse(scene.getGraph().value.localMatrix);
+    EXPECT_NEAR(world[3].x, -1.99999746F, 1e-6F);
+    EXPECT_NEAR(world[3].z, 0.0031853F, 1e-6F);
+}
+
+TEST_F(PeopleSceneTest, MovesNeitherTextNorItsDepthWithTheCamera)
+{
+    lumeth::Scene& scene = build(tracksOf(moments[1]));
+    update(3.75);
+    const std::vector<zund::DrawCommand> texts = drawsWith(scene, "people text", 3.75);
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_THAT(uniformNames(texts[0]), ElementsAre("time"));
+    EXPECT_TRUE(texts[0].depthWrite);
+}
+
+} // namespace

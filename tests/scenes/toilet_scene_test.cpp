@@ -1,0 +1,235 @@
+#include "scenes/toilet_scene.h"
+
+#include "tests/scenes/scene_stage.h"
+#include "tests/scenes/track_watch.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+namespace {
+
+using ToiletSceneTest = SceneTest<ToiletScene>;
+
+// clang-format off
+const ExpectedObject objects[] = {
+    // name        model         colour  normal  emission  colour                 amb   diff  spec  shin
+    {"toilet",     "toilet",     {},     {},     {},       {1.0F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
+    {"toilet_lid", "toilet_lid", {},     {},     {},       {1.0F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
+};
+
+constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
+
+const ExpectedNode nodes[] = {
+    // path              object        position              orientation     scale
+    {"toilet",           "",           {0.0F, 0.0F, 0.0F},   y314,           1.0F},
+    {"toilet/bowl",      "toilet",     {0.0F, 0.2F, 0.0F},   zeroQuaternion, 0.07F},
+    {"toilet/bowl/lid",  "toilet_lid", {0.0F, 0.1F, -1.7F},  zeroQuaternion, 1.0F},
+    {"scroller",         "scroller",   {0.0F, 0.0F, 0.0F},   zeroQuaternion, 1.0F},
+};
+
+const ExpectedLight lights[] = {
+    {{-3.0F, 2.0F, 3.0F}, {0.3F, 0.3F, 0.3F}, {1.1F, 1.1F, 1.1F}},
+    {{3.0F, 3.0F, 3.0F},  {0.5F, 0.5F, 0.5F}, {1.0F, 1.0F, 1.0F}},
+};
+
+struct Moment {
+    const char* name;
+    float rotate; ///< burger_rotate
+    float lid;    ///< lid_rotate
+};
+
+const Moment moments[] = {
+    {"Unturned",         0.0F,    0.0F},
+    {"TurnedOnce",       1.0F,    0.0F},
+    {"WithTheLidUp",     0.0F,    1.0F},
+    {"TurnedALittle",    0.123F,  0.216F},
+    {"TheOtherWay",      -0.371F, -0.5F},
+    {"ManyTimesRound",   7.771F,  0.873F},
+};
+// clang-format on
+
+TrackValues tracksOf(const Moment& moment)
+{
+    return {{"burger_rotate", moment.rotate}, {"lid_rotate", moment.lid}, {"camera_pos_z", 2.0F}};
+}
+
+float inDouble(float value, double factor)
+{
+    return static_cast<float>(static_cast<double>(value) * factor);
+}
+
+class ToiletObject : public ToiletSceneTest, public testing::WithParamInterface<ExpectedObject> {};
+
+TEST_P(ToiletObject, IsDrawnAsItsRowSays)
+{
+    expectObject(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, ToiletObject, testing::ValuesIn(objects),
+                         [](const auto& row) { return testName(row.param.name); });
+
+class ToiletNode : public ToiletSceneTest, public testing::WithParamInterface<ExpectedNode> {};
+
+TEST_P(ToiletNode, StandsAsItsRowSays)
+{
+    expectNode(build(), GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(All, ToiletNode, testing::ValuesIn(nodes),
+                         [](const auto& row) { return testName(row.param.path); });
+
+TEST_F(ToiletSceneTest, HangsTheLidUnderTheBowlUnderTheToilet)
+{
+    expectTree(build(), {std::begin(nodes), std::end(nodes)});
+}
+
+TEST_F(ToiletSceneTest, LightsWithTwoOfEightLights)
+{
+    expectLights(build(), "toilet", {std::begin(lights), std::end(lights)});
+}
+
+TEST_F(ToiletSceneTest, LaysItsTextWithTwoPicturesBeforeEverything)
+{
+    expectTextLayer(build(), -1.0F, layer4k("queue_main.dds"), layer4k("queue_border.dds"), "toilet text");
+}
+
+TEST_F(ToiletSceneTest, SendsItsTextTwoSamplersAndTheTime)
+{
+    lumeth::Scene& scene = build();
+    const zund::DrawCommand text = drawn(scene, "scroller", 170.123456789);
+    EXPECT_THAT(uniformNames(text), ElementsAre("tex_color", "tex_normal", "time"));
+    EXPECT_EQ(uniform<int>(text, "tex_color"), 0);
+    EXPECT_EQ(uniform<int>(text, "tex_normal"), 1);
+    EXPECT_EQ(uniform<float>(text, "time"), 170.123456789F);
+}
+
+TEST_F(ToiletSceneTest, HidesItsSkyBehindTheGradient)
+{
+    lumeth::Scene& scene = build();
+    ASSERT_EQ(drawsWith(scene, "grey to blue", 9.25).size(), 1U);
+    const zund::DrawCommand sky = scene.drawSkybox();
+    EXPECT_EQ(uniform<glm::vec3>(sky, "background_color"), glm::vec3(0.3F, 0.3F, 0.4F));
+    for (const zund::DrawCommand& command : renderer.frames.back()) {
+        EXPECT_NE(command.program.get(), sky.program.get());
+    }
+}
+
+TEST_F(ToiletSceneTest, BuildsEverythingInOrderAndTheTextAfterTheTracks)
+{
+    build({}, {320, 200});
+    std::vector<std::string> expected = passStory("letterbox", 320, 200);
+    for (const std::vector<std::string>& part :
+         {passStory("gamma", 320, 200), backgroundStory("grey to blue"),
+          std::vector<std::string>{
+              "model toilet",
+              "model toilet_lid",
+              "track camera_pos_x",
+              "track camera_pos_y",
+              "track camera_pos_z",
+              "track camera_tgt_x",
+              "track camera_tgt_y",
+              "track camera_tgt_z",
+              "track burger_rotate",
+              "track lid_rotate",
+              "triangle at z -1",
+              "texture queue_main.dds 3840x2160",
+              "texture queue_border.dds 3840x2160",
+              "vertex shader full frame",
+              "fragment shader toilet text",
+              "createProgram",
+              "uniform tex_color",
+              "uniform tex_normal",
+              "uniform time",
+          }})
+    {
+        expected.insert(expected.end(), part.begin(), part.end());
+    }
+    EXPECT_THAT(story(), ElementsAreArray(expected));
+}
+
+class ToiletMoment : public ToiletSceneTest, public testing::WithParamInterface<Moment> {};
+
+TEST_P(ToiletMoment, SpinsBackwardsAboutTheVerticalAxis)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    const float half = inDouble(moment.rotate, -6.28) * 0.5F;
+    lumeth::DisplayListItem expected("", {0.0F, 0.0F, 0.0F}, y314, glm::vec3(1.0F));
+    expected.setOrientation(xyzw(0.0F, std::sin(half), 0.0F, std::cos(half)));
+    expectSame(itemAt(scene, "toilet").localMatrix, expected.localMatrix);
+    // The angle is a float: at 49 radians it is off by up to 2 millionths.
+    const auto angle = static_cast<double>(inDouble(moment.rotate, -6.28));
+    EXPECT_NEAR(angle, static_cast<double>(moment.rotate) * -6.28, 2e-6);
+    expectTurned(itemAt(scene, "toilet"), {0.0F, 0.0F, 0.0F}, angle, {0.0, 1.0, 0.0}, 1.0);
+}
+
+TEST_P(ToiletMoment, SwingsTheLidForwardsByHalfTurns)
+{
+    const Moment& moment = GetParam();
+    lumeth::Scene& scene = build(tracksOf(moment));
+    update(3.75);
+    const float half = inDouble(moment.lid, 3.14) * 0.5F;
+    lumeth::DisplayListItem expected("toilet_lid", {0.0F, 0.1F, -1.7F}, zeroQuaternion, glm::vec3(1.0F));
+    expected.setOrientation(xyzw(std::sin(half), 0.0F, 0.0F, std::cos(half)));
+    expectSame(itemAt(scene, "toilet/bowl/lid").localMatrix, expected.localMatrix);
+    expectTurned(itemAt(scene, "toilet/bowl/lid"), {0.0F, 0.1F, -1.7F},
+                 static_cast<double>(moment.lid) * 3.14, {1.0, 0.0, 0.0}, 1.0);
+}
+
+TEST_P(ToiletMoment, LeavesBowlAndTextAsTheyWere)
+{
+    lumeth::Scene& scene = build(tracksOf(GetParam()));
+    update(3.75);
+    expectNode(scene, nodes[1]);
+    expectNode(scene, nodes[3]);
+    for (const ExpectedNode& row : nodes) {
+        EXPECT_TRUE(itemAt(scene, row.path).visible) << row.path;
+    }
+}
+INSTANTIATE_TEST_SUITE_P(All, ToiletMoment, testing::ValuesIn(moments),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ToiletMoments, TellDoublesFromFloats)
+{
+    int turns = 0;
+    int lids = 0;
+    for (const Moment& moment : moments) {
+        turns += inDouble(moment.rotate, -6.28) != moment.rotate * -6.28F ? 1 : 0;
+        lids += inDouble(moment.lid, 3.14) != moment.lid * 3.14F ? 1 : 0;
+    }
+    EXPECT_GT(turns, 0);
+    EXPECT_GT(lids, 0);
+}
+
+TEST_F(ToiletSceneTest, StandsUnturnedWithItsTracksAtZero)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    update(0.0);
+    expectTurned(itemAt(scene, "toilet"), {0.0F, 0.0F, 0.0F}, 0.0, {0.0, 1.0, 0.0}, 1.0);
+    expectTurned(itemAt(scene, "toilet/bowl/lid"), {0.0F, 0.1F, -1.7F}, 0.0, {1.0, 0.0, 0.0}, 1.0);
+}
+
+TEST_F(ToiletSceneTest, EndsAFullTurnALittleShort)
+{
+    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_rotate", 1.0F}});
+    update(0.0);
+    // 2 pi - 6.28 is 0.0031853: that much is missing of a turn in the negative sense.
+    EXPECT_NEAR(itemAt(scene, "toilet").localMatrix[0][2], -0.0031853F, 1e-6F);
+}
+
+TEST_F(ToiletSceneTest, PlacesTheCameraAsTheTracksSay)
+{
+    lumeth::Scene& scene = build({{"camera_pos_x", 0.3F},
+                                  {"camera_pos_y", 0.4F},
+                                  {"camera_pos_z", -1.7F},
+                                  {"camera_tgt_x", -0.05F},
+                                  {"camera_tgt_y", 0.1F},
+                                  {"camera_tgt_z", 1.0F}});
+    update(3.75);
+    expectCamera(scene, {0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F});
+}
+
+} // namespace
