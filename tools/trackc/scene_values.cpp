@@ -1,5 +1,6 @@
 #include "tools/trackc/scene_values.h"
 
+#include "scenes/scene_numbers.h"
 #include "tools/common/error.h"
 
 #include <algorithm>
@@ -10,36 +11,19 @@ namespace tools {
 
 namespace {
 
-struct Meaning {
-    float value;
-    const char* name;
-};
-
-// clang-format off
-constexpr Meaning meanings[] = {
-    { 4.0F, "the room"},
-    { 5.0F, "the credits"},
-    { 6.0F, "the bottle"},
-    { 7.0F, "the burger"},
-    { 8.0F, "the toilet"},
-    { 9.0F, "the people"},
-    {-1.0F, "the end"},
-};
-// clang-format on
-
 bool selects(float value)
 {
-    return std::any_of(std::begin(meanings), std::end(meanings),
-                       [value](const Meaning& meaning) { return meaning.value == value; });
+    return std::any_of(std::begin(scene_numbers::names), std::end(scene_numbers::names),
+                       [value](const scene_numbers::Name& row) { return row.value == value; });
 }
 
 /// "4 is the room, 5 the credits, ..."
 std::string allMeanings()
 {
     std::string text;
-    for (const Meaning& meaning : meanings) {
-        text += fmt::format("{}{}{} {}", text.empty() ? "" : ", ", meaning.value, text.empty() ? " is" : "",
-                            meaning.name);
+    for (const scene_numbers::Name& row : scene_numbers::names) {
+        text += fmt::format("{}{}{} the {}", text.empty() ? "" : ", ", row.value, text.empty() ? " is" : "",
+                            row.name);
     }
     return text;
 }
