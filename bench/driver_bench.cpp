@@ -125,7 +125,7 @@ void drawScene(benchmark::State& state)
     const tolv::SyncDevice sync("assets/sync", 128.0, 16);
     Scene scene(renderer, pack, sync, size);
     double time = 0.0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         renderer.clear(0.01F, 0.01F, 0.01F);
         scene.update(renderer, time, sync);
         scene.scene.draw(renderer, time);
@@ -166,7 +166,7 @@ void start(benchmark::State& state)
     Milliseconds shaders{0};
     Milliseconds textures{0};
     Milliseconds geometry{0};
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         std::optional<Offscreen> screen;
         {
             const Stopwatch watch(context);

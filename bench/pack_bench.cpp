@@ -27,7 +27,7 @@ void openPack(benchmark::State& state)
 {
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "vesperal-bench.pack";
     std::ofstream(path, std::ios::binary) << makePack(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         const pack::Packfile pack(path.string());
         benchmark::DoNotOptimize(pack.getFile("texture_0.dds", true));
     }

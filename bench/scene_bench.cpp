@@ -31,7 +31,7 @@ void assembleScene(benchmark::State& state)
         }
     }();
     double time = 0.0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         scene.update(renderer, time, sync);
         scene.scene.draw(renderer, time);
         time += 0.041;
@@ -63,7 +63,7 @@ void assemble(benchmark::State& state, std::int64_t nodes, std::int64_t lights)
     for (std::int64_t i = 0; i < lights; ++i) {
         scene.addLight({glm::vec3(1.0F), glm::vec3(1.0F), glm::vec3(1.0F)});
     }
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         scene.draw(renderer, 1.0);
     }
 }

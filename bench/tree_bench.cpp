@@ -13,7 +13,7 @@ void walkFlat(benchmark::State& state)
     for (int i = 1; i < state.range(0); ++i) {
         root.addNode("node" + std::to_string(i), i);
     }
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         int sum = 0;
         root.visit([&](tree::Node<int>* /*parent*/, tree::Node<int>* node) { sum += node->value; });
         benchmark::DoNotOptimize(sum);
@@ -34,7 +34,7 @@ void walkDeep(benchmark::State& state)
         deepest->addNode("next", i);
         deepest = deepest->getNode("next");
     }
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto pass : state) {
         int sum = 0;
         root.visit([&](tree::Node<int>* /*parent*/, tree::Node<int>* node) { sum += node->value; });
         benchmark::DoNotOptimize(sum);

@@ -102,9 +102,9 @@ Uint32 SDL_GetTicks()
     return now;
 }
 
-void SDL_Delay(Uint32 milliseconds)
+void SDL_Delay(Uint32 ms)
 {
-    note(fmt::format("SDL_Delay({})", milliseconds));
+    note(fmt::format("SDL_Delay({})", ms));
 }
 
 int SDL_PollEvent(SDL_Event* event)

@@ -33,15 +33,14 @@ constexpr double secondsPerRow = 60.0 / 2048.0;
 Calls outline(const Calls& calls)
 {
     Calls lines;
-    for (std::size_t i = 0; i < calls.size(); ++i) {
-        if (calls[i].starts_with("glClearColor")) {
-            lines.push_back(calls[i]);
-        } else if (calls[i].starts_with("glDrawElements")) {
+    for (const std::string& call : calls) {
+        if (call.starts_with("glDrawElements")) {
             if (lines.empty() || lines.back() != "drawing") {
                 lines.emplace_back("drawing");
             }
-        } else if (!calls[i].starts_with("gl") || calls[i].starts_with("glDelete")) {
-            lines.push_back(calls[i]);
+        } else if (!call.starts_with("gl") || call.starts_with("glClearColor") ||
+                   call.starts_with("glDelete")) {
+            lines.push_back(call);
         }
     }
     return lines;
@@ -151,7 +150,7 @@ TEST_F(Player, BuildsTheScenesInOrder)
     std::vector<std::string> uploads;
     for (const std::string& call : upTo(calls, "Mix_PlayMusic(1)")) {
         if (call.starts_with("glCompressedTexImage2D")) {
-            uploads.push_back(call.find("3840") != std::string::npos ? "frame" : "surface");
+            uploads.emplace_back(call.find("3840") != std::string::npos ? "frame" : "surface");
         }
     }
     std::vector<std::string> wanted(11, "surface");               // the room
