@@ -45,6 +45,7 @@ protected:
     std::vector<std::string> namesOf(const Commands& list)
     {
         std::vector<std::string> names;
+        names.reserve(list.size());
         for (const auto& [uniform, value] : list) {
             names.push_back(renderer.nameOf(uniform));
         }

@@ -25,10 +25,10 @@ unsigned int askedSteps = 0;
 } // namespace
 
 // Defined here, it stands before the one of the shared library.
-const aiScene* Assimp::Importer::ReadFile(const char* path, unsigned int steps)
+const aiScene* Assimp::Importer::ReadFile(const char* pFile, unsigned int pFlags)
 {
-    askedPath = path;
-    askedSteps = steps;
+    askedPath = pFile;
+    askedSteps = pFlags;
     return imported;
 }
 
@@ -40,7 +40,7 @@ protected:
     {
         scene.mNumMeshes = 1;
         scene.mMeshes = new aiMesh* [1] {
-            new aiMesh
+            new aiMesh // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the scene frees it
         };
         scene.mRootNode = new aiNode;
         scene.mRootNode->mNumMeshes = 1;

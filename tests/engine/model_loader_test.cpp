@@ -150,7 +150,7 @@ protected:
 
     std::string write(const std::string& name, const std::string& bytes) const
     {
-        const std::string path = (folder / name).string();
+        std::string path = (folder / name).string();
         std::ofstream(path, std::ios::binary) << bytes;
         return path;
     }

@@ -40,7 +40,7 @@ protected:
                               const zund::Texture& kernel = {})
     {
         zund::Texture output;
-        const zund::FrameBuffer target = createTarget(output);
+        zund::FrameBuffer target = createTarget(output);
         zund::DrawCommand command;
         command.frameBuffer = target;
         command.vertexArray = coverScreen();

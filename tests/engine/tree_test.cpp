@@ -136,12 +136,18 @@ TEST(Tree, VisitsParentsFirstAndWholeSubtreesBeforeTheNextSibling)
     };
     for (const std::string name : {"a", "b", "c"}) {
         // The four steps below a child follow it at once, the grandchild right behind its parent.
+        std::string first = name; // a>a1
+        first.append(">").append(name).append("1");
+        std::string second = name; // a>a2
+        second.append(">").append(name).append("2");
+        std::string deepest = name; // a1>a1x
+        deepest.append("1>").append(name).append("1x");
         const auto child = at("root>" + name);
-        for (const std::string& below : {name + ">" + name + "1", name + ">" + name + "2"}) {
+        for (const std::string& below : {first, second}) {
             EXPECT_GT(at(below), child);
             EXPECT_LE(at(below), child + 3);
         }
-        EXPECT_EQ(at(name + "1>" + name + "1x"), at(name + ">" + name + "1") + 1);
+        EXPECT_EQ(at(deepest), at(first) + 1);
     }
 }
 

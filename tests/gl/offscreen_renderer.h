@@ -126,7 +126,7 @@ protected:
     zund::FrameBuffer createTarget(zund::Texture& texture)
     {
         texture = renderer.createTexture2d(zund::TextureFormat::RGB16F, width, height);
-        const zund::FrameBuffer frameBuffer = renderer.createFrameBuffer();
+        zund::FrameBuffer frameBuffer = renderer.createFrameBuffer();
         renderer.framebufferTexture(frameBuffer, texture);
         renderer.framebufferRenderbuffer(frameBuffer, renderer.createRenderBuffer2d(width, height));
         return frameBuffer;

@@ -126,28 +126,22 @@ std::vector<Operation> operations()
          [cubeMap](RendererImpl& r) mutable { r.uploadCubemap(cubeMap, 8, 8, cubeFaces); },
          {"glBindTexture(GL_TEXTURE_CUBE_MAP, 13)", "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 0, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 1, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 2, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 3, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 4, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()",
           "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 5, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, "
-          "32, data)",
+          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
           "glGetError()", "glBindTexture(GL_TEXTURE_CUBE_MAP, 0)"},
          {"zund: texture binding failed", "zund: texture upload failed", "zund: texture upload failed",
           "zund: texture upload failed", "zund: texture upload failed", "zund: texture upload failed",
