@@ -15,7 +15,6 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::ThrowsMessage;
 using testing::UnorderedElementsAreArray;

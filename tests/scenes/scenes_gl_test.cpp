@@ -39,7 +39,11 @@ struct Frame {
     int height;
     std::vector<Bytes> pixels;
 
-    const Bytes& at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    const Bytes& at(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                      static_cast<std::size_t>(x)];
+    }
 };
 
 /// A show's scene, whichever it is.
@@ -63,6 +67,7 @@ protected:
     void open(const std::vector<std::string>& textures, const TrackValues& values)
     {
         std::vector<std::pair<std::string, std::string>> files;
+        files.reserve(textures.size());
         for (const std::string& name : textures) {
             files.emplace_back(name + ".dds", tools::textureFile(name));
         }
@@ -523,6 +528,7 @@ TEST_F(ScenePicture, OfTheTvIsTornInBurstsAndOnlyWhereItsMapIsLit)
     const Frame torn[] = {draw(show, 1.0), draw(show, 1.2)};
 
     std::vector<std::pair<std::string, std::string>> files;
+    files.reserve(std::size(roomTextures));
     for (const std::string& name : roomTextures) {
         files.emplace_back(name + ".dds",
                            name == "tv_emit" ? flatTexture(2048, 2048, 0) : tools::textureFile(name));
