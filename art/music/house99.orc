@@ -6,10 +6,12 @@
 ; numbers, so the desk comes last and clears the busses it has read.
 ;
 ;   1 kick      2 clap      3 closed hat   4 open hat   5 shaker   6 rim
-;   7 snare     8 tom       9 ride
+;   7 snare     8 tom       9 ride      10 wood
 ;  20 bass     21 saw stab  22 piano      23 organ     24 pad      25 lead
+;  26 strings  27 glass     28 pluck
 ;  40 crash    41 riser     42 impact     43 reversed crash   44 static
-;  80 pump     81 sweep     82 send throw 99 desk
+;  45 can      46 zip       47 flush      48 pop       49 zap      50 switch
+;  80 pump     81 sweep     82 send throw 83 gap       99 desk
 
 sr     = 44100
 ksmps  = 15
@@ -32,9 +34,12 @@ gaRevL  init 0                    ; reverb send
 gaRevR  init 0
 gaDelL  init 0                    ; delay send
 gaDelR  init 0
+gaFxL   init 0                    ; jokes and noises, which sound on in the gaps
+gaFxR   init 0
 gkDuck  init 1                    ; side-chain gain, written by the pump
 gkSweep init 18000                ; cutoff of the sweep filter in Hz
 gkThrow init 1                    ; multiplies reverb and delay sends of music
+gkGap   init 1                    ; 0 while the band holds its breath
 
 ; ---- waves ------------------------------------------------------------------
 giSine   ftgen 0, 0, 16384, 10, 1
@@ -194,18 +199,32 @@ instr 9 ; ride: brighter metal, long and quiet
   gaDrumR += aOut
 endin
 
+instr 10 ; wood: a lid of wood falls on wood.  p5 = pitch in Hz, p6 = pan
+  anz  noise 1, 0
+  aB   linseg 0, .0004, 1, .003, 0, 1, 0
+  a1   mode anz * aB, p5, 22
+  a2   mode anz * aB, p5 * 2.37, 18
+  a3   mode anz * aB, p5 * 3.86, 14
+  aOff linseg 1, p3 - .02, 1, .02, 0
+  aOut = (a1 + a2 * .6 + a3 * .3) * aOff * p4 * .016
+  gaDrumL += aOut * sqrt(1 - p6)
+  gaDrumR += aOut * sqrt(p6)
+  gaRevL  += aOut * .20
+  gaRevR  += aOut * .20
+endin
+
 ; ---- music ------------------------------------------------------------------
 instr 20 ; bass.  p5 = MIDI note, p6 = openness 0..1
   iF   = cpsmidinn(p5)
   a1   vco2 .5, iF, 0
   a2   vco2 .5, iF * 1.006, 2, .40
   kE   expseg 1, .03, .75, .16, .25, .6, .15
-  kCut = 190 + (600 + 2600 * p6) * kE * kE
+  kCut = 220 + (900 + 3400 * p6) * kE * kE
   am   moogladder a1 + a2, kCut, .25
   as   oscili .68, iF, giSine
   as2  oscili .16, iF * 2, giSine
   aA   linseg 0, .004, 1, p3 - .034, .86, .03, 0
-  gaBass += tanh((am * .90 + as * .8 + as2) * 1.25) * aA * p4
+  gaBass += tanh((am * 1.15 + as * .8 + as2) * 1.45) * aA * p4
 endin
 
 instr 21 ; saw stab.  p5 = MIDI note, p6 = openness 0..1, through the sweep
@@ -257,8 +276,8 @@ instr 23 ; organ: drawbars, percussion on the third harmonic, a key click, a slo
   aA   linsegr 0, .003, 1, p3, .92, .035, 0
   aS   = tanh((aO + aP * aPE * .55 + aNz * aNE * .30) * 1.3) * aA * p4 * .7
   kRot lfo 1, 5.9
-  aDl  interp .0016 + .0006 * kRot
-  aDr  interp .0016 - .0006 * kRot
+  aDl  interp .0016 + .0003 * kRot
+  aDr  interp .0016 - .0003 * kRot
   aL   vdelay aS, aDl * 1000, 20
   aR   vdelay aS, aDr * 1000, 20
   swept aL * (1 + .18 * kRot), aR * (1 - .18 * kRot), 1
@@ -298,8 +317,8 @@ instr 25 ; lead for the hook: a round pulse with a bell on its front.  p5 = MIDI
   aT   vco2 .45, kF, 12
   kE   expseg 1, .05, .72, .25, .40, 1, .25
   kCut = 500 + (1400 + 5200 * p6) * kE
-  aL   moogladder a1 + aT, kCut, .18
-  aR   moogladder a2 + aT, kCut, .18
+  aL   moogladder a1 * .80 + a2 * .40 + aT, kCut, .18      ; leaning apart, yet one voice in mono
+  aR   moogladder a2 * .80 + a1 * .40 + aT, kCut, .18
   kI   expseg 2.6, .06, .8, .4, .05, 2, .02
   am   oscili kI * iF * 2, iF * 2.001, giSine
   ac   oscili .40, iF + am, giSine
@@ -314,6 +333,67 @@ instr 25 ; lead for the hook: a round pulse with a bell on its front.  p5 = MIDI
   gaRevR  += aR * .24 * gkThrow
   gaDelL  += aL * .34 * gkThrow
   gaDelR  += aR * .34 * gkThrow
+endin
+
+instr 26 ; strings for the counter-melody: detuned saws that swell a little.  p5 = MIDI note, p6 = openness
+  iF   = cpsmidinn(p5)
+  kVd  linseg 0, .25, 1, 8, 1
+  kV   lfo .0030 * kVd, 5.1
+  kF   = iF * (1 + kV)
+  a1   vco2 .30, kF * 1.0042
+  a2   vco2 .30, kF * .9958
+  a3   vco2 .24, kF * 1.0085
+  a4   vco2 .24, kF * .9915
+  kE   linseg .5, .20, 1, 4, .85
+  kCut = (900 + 4600 * p6) * kE
+  aL   butterlp a1 + a4 + a3 * .3, kCut
+  aR   butterlp a2 + a3 + a4 * .3, kCut
+  aL   butterhp aL, 220
+  aR   butterhp aR, 220
+  aA   linsegr 0, .045, 1, p3, .9, .14, 0
+  aL   = aL * aA * p4
+  aR   = aR * aA * p4
+  gaLeadL += aL
+  gaLeadR += aR
+  gaRevL  += aL * .34 * gkThrow
+  gaRevR  += aR * .34 * gkThrow
+  gaDelL  += aL * .14 * gkThrow
+  gaDelR  += aR * .14 * gkThrow
+endin
+
+instr 27 ; glass: a struck bottle, two modulated sines and a tick.  p5 = MIDI note, p6 = pan
+  iF   = cpsmidinn(p5)
+  aI   expseg 1.7, .05, .5, .5, .03, 4, .01
+  am   oscili aI * iF * 3.5, iF * 3.502, giSine
+  a1   oscili .6, iF + am, giSine
+  a2   oscili .22, iF * 2.76, giSine
+  aE1  expseg 1, .30, .30, 1.2, .01, 4, .001
+  aE2  expseg 1, .08, .20, .3, .005, 4, .001
+  anz  noise 1, 0
+  anz  butterbp anz, 5200, 2600
+  aEN  expseg 1, .006, .01, 1, .0001
+  aOn  linseg 0, .001, 1, p3 - .051, 1, .05, 0
+  aOut = (a1 * aE1 + a2 * aE2 + anz * aEN * .25) * aOn * p4
+  aL   = aOut * sqrt(1 - p6) * 1.3
+  aR   = aOut * sqrt(p6) * 1.3
+  gaLeadL += aL
+  gaLeadR += aR
+  gaRevL  += aL * .42 * gkThrow
+  gaRevR  += aR * .42 * gkThrow
+  gaDelL  += aL * .30 * gkThrow
+  gaDelR  += aR * .30 * gkThrow
+endin
+
+instr 28 ; pluck: short and round, for runs.  p5 = MIDI note, p6 = openness, p7 = pan
+  iF   = cpsmidinn(p5)
+  a1   vco2 .5, iF * 1.002, 2, .30
+  a2   vco2 .4, iF * .998
+  kE   expseg 1, .06, .30, .20, .05, 1, .01
+  aOut moogladder a1 + a2, 320 + (1600 + 6000 * p6) * kE, .30
+  aA   expseg 1, .12, .40, .30, .02, 1, .001
+  aOn  linsegr 0, .002, 1, p3, 1, .05, 0
+  aOut = aOut * aA * aOn * p4
+  open aOut * sqrt(1 - p7), aOut * sqrt(p7), .22, .40
 endin
 
 ; ---- effects ----------------------------------------------------------------
@@ -333,7 +413,7 @@ instr 40 ; crash
   gaRevR  += aR * .08
 endin
 
-instr 41 ; riser: a noise band and a tone that climb
+instr 41 ; riser: a noise band and a tone that climb, through a phaser that turns ever faster
   anL  noise 1, 0
   anR  noise 1, 0
   kF   expseg 420, p3, 8200
@@ -342,9 +422,13 @@ instr 41 ; riser: a noise band and a tone that climb
   kT   expseg 155.56, p3, 622.25
   aT   vco2 .18, kT
   aT   butterlp aT, kF * .7
+  kSpd expseg .25, p3, 9
+  kPh  lfo .6, kSpd
+  aPL  phaser1 aL, kF * .5 * (1 + kPh), 6, .6
+  aPR  phaser1 aR, kF * .5 * (1 - kPh), 6, .6
   aA   expseg .012, p3 - .06, 1, .06, .001
-  aL   = (aL + aT) * aA * p4
-  aR   = (aR + aT) * aA * p4
+  aL   = (aL * .7 + aPL * .5 + aT) * aA * p4
+  aR   = (aR * .7 + aPR * .5 + aT) * aA * p4
   open aL, aR, .30, .10
 endin
 
@@ -390,7 +474,97 @@ instr 44 ; static: a badly tuned set, hiss and crackle.  p5 = fade-in, p6 = fade
   aA   linseg 0, p5, 1, p3 - p5 - p6, 1, p6, 0
   aL   = (aL * .12 + aCL) * aA * p4
   aR   = (aR * .12 + aCR) * aA * p4
-  open aL, aR, .10, .06
+  gaFxL  += aL * 1.3
+  gaFxR  += aR * 1.3
+  gaRevL += aL * .10
+  gaRevR += aR * .10
+endin
+
+instr 45 ; can: a ring pull gives way, then it hisses
+  anL  noise 1, 0
+  anR  noise 1, 0
+  aK   expseg 1, .012, .25, .03, .002, 2, .001
+  aB   butterbp anL, 2300, 1800
+  kF   expseg 3800, .10, 7400, .5, 5200, 2, 4800
+  aHL  butterbp anL, kF, 4200
+  aHR  butterbp anR, kF, 4200
+  aH   expseg .001, .050, .001, .012, 1, .09, .34, .40, .01, 2, .001
+  aL   = (aB * aK * 1.2 + aHL * aH * .8) * p4
+  aR   = (aB * aK * 1.2 + aHR * aH * .8) * p4
+  gaFxL  += aL
+  gaFxR  += aR
+  gaRevL += aL * .08
+  gaRevR += aR * .08
+endin
+
+instr 46 ; zip: teeth that pass ever faster and brighter
+  kRate expseg 28, p3, 130
+  kF    expseg 1500, p3, 6200
+  aT    mpulse 1, 1 / kRate
+  anz   noise 1, 0
+  aE    butterlp aT, 900
+  aZ    = anz * aE * 34 + aT * 3
+  aZ    butterbp aZ, kF, kF * .7
+  aA    linseg 0, .02, .6, p3 - .06, 1, .03, 0, 1, 0
+  kPan  line .3, p3, .7
+  gaFxL += aZ * aA * p4 * sqrt(1 - kPan)
+  gaFxR += aZ * aA * p4 * sqrt(kPan)
+endin
+
+instr 47 ; flush: a rush that turns and goes down the drain
+  anL  noise 1, 0
+  anR  noise 1, 0
+  kSpd expseg 2, p3, 11
+  kT   lfo .35, kSpd
+  kF   expseg 2600, p3, 340
+  aL   butterbp anL, kF * (1 + kT), kF * 1.1
+  aR   butterbp anR, kF * (1 - kT), kF * 1.1
+  aA   linseg 0, .05, 1, p3 * .6, .8, p3 * .3, 0, 1, 0
+  gaFxL += aL * aA * p4
+  gaFxR += aR * aA * p4
+endin
+
+instr 48 ; pop: a cork, or a box that gives way.  p5 = pitch in Hz
+  af   expseg p5, .05, p5 * 2.6, 1, p5 * 2.6
+  ap   oscili 1, af, giSine
+  aA   expseg 1, .03, .5, .05, .001, 1, .001
+  aOn  linseg 0, .0015, 1, p3, 1
+  anz  noise 1, 0
+  anz  butterbp anz, 2600, 2600
+  aN   expseg 1, .012, .001, 1, .0001
+  aOut = (ap * aA + anz * aN * .4) * aOn * p4
+  gaFxL  += aOut
+  gaFxR  += aOut
+  gaRevL += aOut * .30
+  gaRevR += aOut * .30
+endin
+
+instr 49 ; zap: the picture of the set tears.  p5 = pan
+  kF   expseg 5200, p3, 240
+  aT   vco2 .4, kF, 2, .2
+  anz  noise .8, 0
+  kG   lfo 1, 61, 3
+  aOut = (aT + anz * .5) * (.25 + .75 * kG)
+  aOut butterbp aOut, 2400, 3400
+  aA   linseg 0, .002, 1, p3 - .012, .5, .01, 0, 1, 0
+  gaFxL  += aOut * aA * p4 * sqrt(1 - p5)
+  gaFxR  += aOut * aA * p4 * sqrt(p5)
+  gaRevL += aOut * aA * p4 * .2
+  gaRevR += aOut * aA * p4 * .2
+endin
+
+instr 50 ; switch: somebody turns the set off
+  anz  noise 1, 0
+  aB   linseg 0, .0004, 1, .002, 0, 1, 0
+  a1   mode anz * aB, 980, 9
+  a2   mode anz * aB, 3150, 14
+  kF   expseg 9000, .22, 900, 1, 800
+  aS   oscili .06, kF, giSine
+  aSE  expseg 1, .22, .002, 1, .001
+  aOff linseg 1, p3 - .02, 1, .02, 0
+  aOut = (a1 * .020 + a2 * .016 + aS * aSE) * aOff * p4
+  gaFxL += aOut
+  gaFxR += aOut
 endin
 
 ; ---- movement ---------------------------------------------------------------
@@ -405,6 +579,10 @@ endin
 
 instr 82 ; throw: multiplies the sends of music while it lasts
   gkThrow linseg 1, .02, p4, p3 - .07, p4, .05, 1
+endin
+
+instr 83 ; gap: the band stops; what already rings in the room rings on
+  gkGap linseg 1, .008, 0, p3 - .012, 0, .004, 1
 endin
 
 instr 99 ; the desk
@@ -438,16 +616,19 @@ instr 99 ; the desk
   aRvR   butterhp gaRevR + aSwR * .20 * gkThrow + aER * .22, 240
   aRL, aRR reverbsc aRvL, aRvR, .86, 9000
 
-  aMuL   = (gaMuL + aSwL + aEL * .60 + aRL * .50) * aDuck + gaLeadL * (.5 + .5 * aDuck)
-  aMuR   = (gaMuR + aSwR + aER * .60 + aRR * .50) * aDuck + gaLeadR * (.5 + .5 * aDuck)
+  aGap   interp gkGap
+  aRoom  = .35 + .65 * aGap
+  aMuL   = ((gaMuL + aSwL) * aGap + (aEL * .60 + aRL * .50) * aRoom) * aDuck + gaLeadL * (.5 + .5 * aDuck) * aGap
+  aMuR   = ((gaMuR + aSwR) * aGap + (aER * .60 + aRR * .50) * aRoom) * aDuck + gaLeadR * (.5 + .5 * aDuck) * aGap
   aMuL   pareq aMuL, 300, .80, .8, 0        ; a little out of the mud
   aMuR   pareq aMuR, 300, .80, .8, 0
-  aMuL   pareq aMuL, 3400, 1.40, .6, 2
-  aMuR   pareq aMuR, 3400, 1.40, .6, 2
+  aMuL   pareq aMuL, 2600, 1.70, .6, 2
+  aMuR   pareq aMuR, 2600, 1.70, .6, 2
 
-  aBs    = gaBass * aDuck
-  aL     = aMuL * 1.70 + gaDrumL * .80 + aBs * .30 + gaKick * .47
-  aR     = aMuR * 1.70 + gaDrumR * .80 + aBs * .30 + gaKick * .47
+  aBs    = gaBass * aDuck * aGap
+  aKk    = gaKick * aGap
+  aL     = aMuL * 1.70 + gaDrumL * .88 * aGap + aBs * .36 + aKk * .485 + gaFxL
+  aR     = aMuR * 1.70 + gaDrumR * .88 * aGap + aBs * .36 + aKk * .485 + gaFxR
 
   ; below 150 Hz everything is mono; above, the sides are held in a little
   aMid   = (aL + aR) * .5
@@ -456,10 +637,19 @@ instr 99 ; the desk
   aL     = aMid + aSide
   aR     = aMid - aSide
 
-  aL     = tanh(aL * 1.25) * .72
-  aR     = tanh(aR * 1.25) * .72
+  ; bus compressor: 2 to 1 from -12 dB, slow enough to let the kick's front through
+  aLoud  = abs(aL) + abs(aR)
+  aEnv   follow2 aLoud * .5, .012, .14
+  kOver  = dbamp(downsamp(aEnv) + .00001) + 12
+  kGain  port ampdb(-.5 * limit(kOver, 0, 12)), .004, 1
+  aGain  interp kGain
+  aL     = aL * aGain * 1.18
+  aR     = aR * aGain * 1.18
+
+  aL     = tanh(aL * 1.05) * .80
+  aR     = tanh(aR * 1.05) * .80
   outs aL, aR
-  clear gaKick, gaDrumL, gaDrumR, gaBass, gaMuL, gaMuR
+  clear gaKick, gaDrumL, gaDrumR, gaBass, gaMuL, gaMuR, gaFxL, gaFxR
   clear gaLeadL, gaLeadR, gaSwL, gaSwR
   clear gaRevL, gaRevR, gaDelL, gaDelR
 endin
