@@ -1,0 +1,81 @@
+"""A model of many parts: each has a name for the script of its texture, and its share of that texture."""
+
+import bpy
+
+from kit import mesh, uv
+
+
+def named(target, part):
+    """Marks all faces as belonging to `part`: a material of that name, which the exported file leaves out."""
+    material = bpy.data.materials.get(part) or bpy.data.materials.new(part)
+    target.data.materials.clear()
+    target.data.materials.append(material)
+    target.data.polygons.foreach_set("material_index", [0] * len(target.data.polygons))
+    return target
+
+
+def faces_of(target, *parts):
+    """The numbers of the faces that belong to these parts."""
+    wanted = {number for number, material in enumerate(target.data.materials) if material.name in parts}
+    return [face.index for face in target.data.polygons if face.material_index in wanted]
+
+
+def pieces_of(target, part):
+    """The faces of a part, as one list for each piece that hangs together."""
+    parent = {}
+
+    def root(vertex):
+        while parent.setdefault(vertex, vertex) != vertex:
+            vertex = parent[vertex]
+        return vertex
+
+    faces = faces_of(target, part)
+    for face in faces:
+        first, *others = target.data.polygons[face].vertices
+        for other in others:
+            parent[root(other)] = root(first)
+    pieces = {}
+    for face in faces:
+        pieces.setdefault(root(target.data.polygons[face].vertices[0]), []).append(face)
+    return list(pieces.values())
+
+
+def split(target, part_of):
+    """Names faces one by one: `part_of(face)` gives (part, weight), the weight for their texture coordinates."""
+    names, layer = [], target.data.uv_layers[0]
+    target.data.materials.clear()
+    for face in target.data.polygons:
+        part, weight = part_of(face)
+        if part not in names:
+            names.append(part)
+            target.data.materials.append(bpy.data.materials.get(part) or bpy.data.materials.new(part))
+        face.material_index = names.index(part)
+        for loop in face.loop_indices:
+            layer.data[loop].uv = layer.data[loop].uv * weight
+    return target
+
+
+class Parts:
+    """Collects parts and makes one object of them."""
+
+    def __init__(self):
+        self._made = []
+
+    def add(self, target, part, weight=1.0):
+        """Takes a part in, as it is shaded now. `weight`: how finely it is painted, against the others. Parts without
+        texture coordinates get straight ones. Without a name it keeps what `split` gave it."""
+        mesh.apply_modifiers(target)
+        mesh.apply_transform(target)
+        if not target.data.uv_layers:
+            uv.planar_by_side(target)
+        uv.scale(target, weight)
+        mesh.freeze_normals(target)
+        self._made.append(named(target, part) if part else target)
+        return target
+
+    def join(self, name, margin=0.003, pack=True):
+        joined = mesh.join(self._made, name)
+        mesh.smooth(joined, 180.0)
+        joined.data.use_auto_smooth = True
+        mesh.triangulate(joined, above=4)  # there are no tangents for faces of more corners
+        return uv.pack(joined, margin) if pack else joined

@@ -1,0 +1,218 @@
+"""The television: a tube set with a bulged screen, two dials, a loudspeaker behind slats, a bent aerial that has been
+mended with foil, and a rubber duck that watches it all from the top.
+
+Its underside is y -1.84; the front looks along +z. The map of the picture covers the screen and nothing else:
+everything else shares a narrow strip at its right border, which has to be black.
+"""
+
+import math
+
+import numpy as np
+from mathutils import Vector
+
+from kit import mesh, model, sdf, shapes, uv
+
+UNDERSIDE = -1.84
+CASE_SIZE = (5.1, 3.72)
+CASE_Y = 0.22  # its middle
+CASE_BACK, CASE_FRONT = -0.85, 1.22
+PANEL_Z = 1.02  # of the recessed front
+
+SCREEN_AT = (-0.62, 0.24)
+SCREEN_SIZE = (3.3, 2.66)
+SCREEN_CORNER = 0.62
+SCREEN_Z, BULGE = 0.98, 0.24
+SCREEN_CELLS = (36, 30)
+LIT = (0.02, 0.98)  # of the map, both ways
+DARK = ((0.986, 0.997), (0.05, 0.95))  # where the rest of the set lies in the map: u, v
+
+CONTROLS_X = 1.76
+DIALS = [(1.42, 0.36), (0.52, 0.36)]  # y, radius
+SMALL_KNOBS = [(-0.3, -0.06), (0.3, -0.06)]  # from the middle of the controls, y
+SPEAKER = (-0.92, 0.74, 6)  # middle y, height, slats
+FEET = [(x, z) for x in (-1.9, 1.9) for z in (-0.6, 0.75)]
+
+AERIAL_BASE = (0.55, 2.06, -0.35)
+# Both rods, from the base up; the right one has been sat on.
+RODS = [[(-0.12, 0.12, 0), (-0.65, 1.05, -0.05), (-1.15, 2.0, -0.12), (-1.42, 2.55, -0.15)],
+        [(0.12, 0.12, 0), (0.62, 0.95, 0.0), (0.86, 1.36, 0.02), (1.0, 1.5, 0.05), (1.3, 1.52, 0.08), (1.62, 1.8, 0.1),
+         (1.75, 1.98, 0.1)]]
+DUCK_AT = (-1.35, 2.0, 0.3)
+DUCK_TURN = 28.0
+
+
+def facing(part, x=0.0, y=0.0, z=0.0):
+    """Turns what was made lying, its upper face up, to the front."""
+    return mesh.move(mesh.turn(part, "X", 90), x, y, z)
+
+
+def case():
+    """Like a loaf: swelling behind, a lip in front round a recessed panel."""
+    outline = shapes.rounded_outline(*CASE_SIZE, 0.62, 9)
+    profile = [(1.05, CASE_BACK - 0.42), (0.98, CASE_BACK - 0.5), (0.9, CASE_BACK - 0.42), (0.62, CASE_BACK - 0.12),
+               (0.4, CASE_BACK), (0.22, CASE_BACK + 0.06), (0.09, CASE_BACK + 0.16), (0.03, CASE_BACK + 0.3),
+               (0.0, CASE_BACK + 0.6),
+               (0.0, CASE_FRONT - 0.3), (0.012, CASE_FRONT - 0.15), (0.045, CASE_FRONT - 0.055),
+               (0.1, CASE_FRONT - 0.01),
+               (0.15, CASE_FRONT), (0.2, CASE_FRONT - 0.012), (0.235, CASE_FRONT - 0.05), (0.25, PANEL_Z + 0.03),
+               (0.28, PANEL_Z)]
+    made = shapes.plate(outline, profile, name="case")
+    return facing(mesh.smooth(made, 50), y=CASE_Y)
+
+
+def frame_of_screen():
+    """The thick rounded mask: it rises from the panel and falls in to the glass."""
+    outline = shapes.rounded_outline(SCREEN_SIZE[0] + 0.5, SCREEN_SIZE[1] + 0.5, SCREEN_CORNER + 0.22, 9)
+    profile = [(0.0, PANEL_Z - 0.02), (0.0, PANEL_Z + 0.07), (0.02, PANEL_Z + 0.13), (0.07, PANEL_Z + 0.17),
+               (0.14, PANEL_Z + 0.18),
+               (0.19, PANEL_Z + 0.165), (0.235, PANEL_Z + 0.11), (0.27, PANEL_Z + 0.02), (0.3, PANEL_Z - 0.08)]
+    made = shapes.plate(outline, profile, top=False, bottom=False, name="mask")
+    return facing(mesh.smooth(made, 80), *SCREEN_AT)
+
+
+def screen():
+    """The glass, an even grid pressed into a rounded rectangle. Its texture coordinates are simply where it lies."""
+    across, up = SCREEN_CELLS
+    width, height = SCREEN_SIZE
+    vertices, faces, uvs = [], [], []
+    low, high = LIT
+
+    def place(i, j):
+        u, v = 2 * i / across - 1, 2 * j / up - 1
+        most = max(abs(u), abs(v))
+        if most < 1e-6:
+            return 0.0, 0.0
+        x, y = u / most * width / 2, v / most * height / 2
+        over_x, over_y = abs(x) - (width / 2 - SCREEN_CORNER), abs(y) - (height / 2 - SCREEN_CORNER)
+        if over_x > 0 and over_y > 0:
+            pull = 1 - SCREEN_CORNER / math.hypot(over_x, over_y)
+            x -= math.copysign(over_x * pull, x)
+            y -= math.copysign(over_y * pull, y)
+        blend = most ** 2  # an even grid in the middle, the outline at the rim
+        return (x * most * blend + u * width / 2 * (1 - blend)), (y * most * blend + v * height / 2 * (1 - blend))
+
+    for j in range(up + 1):
+        for i in range(across + 1):
+            x, y = place(i, j)
+            share_x, share_y = 2 * x / width, 2 * y / height
+            dome = BULGE * (1 - 0.5 * share_x ** 2 - 0.5 * share_y ** 2)
+            vertices.append((SCREEN_AT[0] + x, SCREEN_AT[1] + y, SCREEN_Z + dome))
+    for j in range(up):
+        for i in range(across):
+            a = j * (across + 1) + i
+            face = (a, a + 1, a + across + 2, a + across + 1)
+            faces.append(face)
+            places = [[(vertices[number][axis] - SCREEN_AT[axis]) / SCREEN_SIZE[axis] + 0.5 for axis in (0, 1)]
+                      for number in face]
+            uvs.append([(low + (high - low) * u, low + (high - low) * v) for u, v in places])
+    return mesh.smooth(mesh.from_geometry("screen", vertices, faces, uvs))
+
+
+def dial(radius, pointer):
+    """A knob with a fluted rim and a ridge to turn it by, on a round plate."""
+    base = shapes.plate(shapes.superellipse(2.5 * radius, 2.5 * radius, 2, 36), [(0, -0.02), (0, 0.02), (0.03, 0.045)],
+                        bottom=False)
+    fluted = []
+    for k in range(60):
+        angle = 2 * math.pi * k / 60
+        reach = radius * (1 + 0.035 * math.cos(20 * angle))
+        fluted.append((reach * math.sin(angle), reach * math.cos(angle)))
+    knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.03, 0.18), (0.07, 0.2)], bottom=False)
+    ridge = shapes.box((radius * 1.5, 0.16, 0.13), (0, 0.22, 0), 0.05, 3)
+    mesh.turn(mesh.weighted_normals(ridge), "Y", pointer)
+    return [facing(mesh.smooth(part, 40) if part is not ridge else part) for part in (base, knob, ridge)]
+
+
+def controls():
+    made = []
+    back = shapes.plate(shapes.rounded_outline(1.06, 3.1, 0.2, 6), [(inset, height + 0.05) for inset, height in
+                                                                  shapes.rounded_edge(0.05, 3)], bottom=False)
+    made.append(facing(mesh.weighted_normals(back), CONTROLS_X, CASE_Y + 0.0, PANEL_Z + 0.0))
+    for number, (y, radius) in enumerate(DIALS):
+        made += [mesh.move(part, CONTROLS_X, y, PANEL_Z + 0.04) for part in dial(radius, (35, -62)[number])]
+    for x, y in SMALL_KNOBS:
+        knob = shapes.lathe([(0.13, 0.0), (0.13, 0.12), (0.11, 0.15), (0.05, 0.16), (0.0, 0.15)], 20)
+        made.append(facing(mesh.smooth(knob, 50), CONTROLS_X + x, y, PANEL_Z + 0.03))
+    middle, height, slats = SPEAKER
+    for slat in range(slats):
+        y = middle + height * (slat / (slats - 1) - 0.5)
+        bar = shapes.box((0.8, 0.085, 0.11), radius=0.035, segments=3)
+        made.append(mesh.move(mesh.weighted_normals(bar), CONTROLS_X, y, PANEL_Z + 0.05))
+    badge = shapes.plate(shapes.superellipse(0.9, 0.17, 3, 32), shapes.rounded_edge(0.03, 2, 0.06), bottom=False)
+    made.append(facing(mesh.weighted_normals(badge), SCREEN_AT[0], SCREEN_AT[1] - 1.7, PANEL_Z - 0.01))
+    return made
+
+
+def feet():
+    made = []
+    for x, z in FEET:
+        foot = shapes.lathe([(0.0, 0.0), (0.17, 0.0), (0.2, 0.02), (0.24, 0.12), (0.27, 0.3)], 20)
+        made.append(mesh.move(mesh.smooth(foot, 50), x, UNDERSIDE - 0.01, z))
+    return made
+
+
+def aerial():
+    base = shapes.lathe(shapes.smooth_profile([(0.42, -0.04), (0.42, 0.04), (0.34, 0.12), (0.2, 0.17), (0.12, 0.24),
+                                               (0.0, 0.27)], 3), 28)
+    made = [mesh.smooth(base, 60)]
+    for rod in RODS:
+        path = shapes.smooth_profile(rod, 6)
+        sizes = [0.048 - 0.022 * k / (len(path) - 1) for k in range(len(path))]
+        made.append(mesh.smooth(shapes.tube(path, sizes, sides=10), 70))
+    tip = shapes.lathe(shapes.smooth_profile([(0.0, -0.09), (0.075, -0.04), (0.075, 0.04), (0.0, 0.09)], 3), 14)
+    made.append(mesh.move(mesh.smooth(tip), *RODS[1][-1]))
+    foil = mesh.subdivide(shapes.box((0.34, 0.3, 0.3), radius=0.08, segments=1), 2)
+    made.append(mesh.move(mesh.smooth(mesh.roughen(foil, 0.09, 4.5, 3)), *RODS[0][-1]))
+    return [mesh.move(part, *AERIAL_BASE) for part in made]
+
+
+def duck():
+    """Looks along +z before it is turned; stands on y 0."""
+    def field(points):
+        flat = sdf.mirrored(points)
+        body = sdf.ellipsoid(points, (0, 0.33, -0.05), (0.36, 0.34, 0.48))
+        tail = sdf.limb(points, (0, 0.42, -0.4), (0, 0.66, -0.6), 0.16, 0.035)
+        head = sdf.ball(points, (0, 0.86, 0.2), 0.27)
+        neck = sdf.limb(points, (0, 0.45, 0.12), (0, 0.75, 0.18), 0.2, 0.19)
+        wing = sdf.ellipsoid(flat, (0.34, 0.38, -0.08), (0.09, 0.17, 0.28), sdf.rotation(x=-14))
+        bill = sdf.ellipsoid(points, (0, 0.83, 0.5), (0.15, 0.045, 0.17), sdf.rotation(x=-10))
+        eye = sdf.ball(flat, (0.12, 0.94, 0.4), 0.05)
+        whole = sdf.union(0.12, body, tail, neck, head)
+        whole = sdf.union(0.03, whole, wing, bill)
+        whole = sdf.union(0.015, whole, eye)
+        return sdf.intersect(whole, -points[..., 1], 0.04)
+
+    made = sdf.to_mesh(field, (-0.6, -0.1, -0.8), (0.6, 1.3, 0.8), 0.042, name="duck")
+    mesh.turn(mesh.smooth(made), "Y", DUCK_TURN)
+    return mesh.move(made, *DUCK_AT)
+
+
+def sticker():
+    """On the lower left of the front, a little crooked; the shop's, never taken off."""
+    made = shapes.plate(shapes.superellipse(0.5, 0.5, 2, 28), [(0, 0.0), (0.0, 0.012), (0.012, 0.018)], bottom=False)
+    return facing(mesh.smooth(made, 50), -2.1, -1.25, PANEL_Z)
+
+
+def into_the_dark(rest):
+    """Unfolds all that is no screen into the black strip of the map."""
+    uv.unfold(rest)
+    (left, right), (low, high) = DARK
+    placed = mesh.uvs(rest) * (right - left, high - low) + (left, low)
+    rest.data.uv_layers[0].data.foreach_set("uv", np.ascontiguousarray(placed, np.float32).ravel())
+    return rest
+
+
+def build():
+    rest = [case(), frame_of_screen(), *controls(), *feet(), *aerial(), duck(), sticker()]
+    for part in rest:
+        mesh.freeze_normals(part)
+    rest = into_the_dark(mesh.join(rest, "set"))
+    glass = mesh.freeze_normals(screen())
+    joined = mesh.join([rest, glass], "tv")
+    mesh.smooth(joined, 180.0)
+    joined.data.use_auto_smooth = True
+    return joined
+
+
+if __name__ == "__main__":
+    model.main(build)
