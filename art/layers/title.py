@@ -278,7 +278,8 @@ CLINK = [("star", "#ffffff", MIDDLE, 1206, 96, 16)]
 
 # for each of the two: the jumper, its shade, its arm; what lies behind the head and what upon it
 FRIENDS = (((0, "#7f4a2b", "#c98a2f", MUSTARD), "#a8692a", (0, "#d2962f", MUSTARD, MUSTARD), [], HAT),
-           ((0, "#12303f", "#235a66", "#3f8b88"), "#1d4a58", (0, "#2d7079", "#3f8b88", "#3f8b88"), FAR_LENS, HAIR + GLASSES))
+           ((0, "#12303f", "#235a66", "#3f8b88"), "#1d4a58", (0, "#2d7079", "#3f8b88", "#3f8b88"), FAR_LENS,
+            HAIR + GLASSES))
 
 
 def friend(c, which):

@@ -1,0 +1,26 @@
+"""The outline of queue_main, a mask that fits around it: python3 queue_border.py [OUT.png]."""
+import os
+import sys
+
+import cairo
+
+import lettering_kit as lettering
+import poster_kit as kit
+from queue_main import FONTS, HEIGHT, ROUNDING, WIDTH, letters_path
+
+BORDER = 16  # its width
+
+
+def paint():
+    """The letters grown by the border, with the letters themselves taken out."""
+    surface, c = lettering.empty(WIDTH, HEIGHT)
+    for operator, radius in ((cairo.OPERATOR_OVER, ROUNDING + BORDER), (cairo.OPERATOR_CLEAR, ROUNDING)):
+        c.set_operator(operator)
+        letters_path(c)
+        lettering.swell(c, radius)
+    return lettering.mask(surface)
+
+
+if __name__ == "__main__":
+    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "queue_border.png")
+    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
