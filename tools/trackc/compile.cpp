@@ -5,6 +5,7 @@
 #include "tools/common/error.h"
 #include "tools/common/read_file.h"
 #include "tools/trackc/scene_values.h"
+#include "tools/trackc/shot_list.h"
 #include "tools/trackc/track_file.h"
 #include "tools/trackc/track_text.h"
 
@@ -17,9 +18,20 @@ namespace {
 
 constexpr const char* base = "sync"; // of the track files, in their folder
 
-std::vector<sync_key> readKeys(const std::filesystem::path& text, const std::string& name)
+bool isShotList(const std::filesystem::path& text)
 {
-    const std::vector<TextKey> lines = parseTrackText(readFile(text), text.string());
+    return text.filename() == "shots.txt";
+}
+
+/// The tracks that a text gives.
+std::vector<ShotTrack> readTracks(const std::filesystem::path& text)
+{
+    const std::string content = readFile(text);
+    if (isShotList(text)) {
+        return tracksOf(parseShots(content, text.string()));
+    }
+    const std::string name = text.stem().string();
+    const std::vector<TextKey> lines = parseTrackText(content, text.string());
     if (name == "scene") {
         checkSceneValues(lines, text.string());
     }
@@ -28,7 +40,7 @@ std::vector<sync_key> readKeys(const std::filesystem::path& text, const std::str
     for (const TextKey& line : lines) {
         keys.push_back(line.key);
     }
-    return keys;
+    return {{name, keys}};
 }
 
 } // namespace
@@ -44,15 +56,15 @@ std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path
     std::vector<Output> outputs;
     std::map<std::string, std::string> textOf; // by track
     for (const std::filesystem::path& text : texts) {
-        const std::string name = text.stem().string();
-        const auto [first, isNew] = textOf.insert({name, text.string()});
-        if (!isNew) {
-            throw Error(text.string(),
-                        fmt::format("the track '{}' comes from {} already", name, first->second));
+        for (const auto& [name, keys] : readTracks(text)) {
+            const auto [first, isNew] = textOf.insert({name, text.string()});
+            if (!isNew) {
+                throw Error(text.string(),
+                            fmt::format("the track '{}' comes from {} already", name, first->second));
+            }
+            tracks.push_back({name, keys.size(), keys.back().row});
+            outputs.push_back({folder / sync_track_path(base, name.c_str()), encodeTrack(keys)});
         }
-        const std::vector<sync_key> keys = readKeys(text, name);
-        tracks.push_back({name, keys.size(), keys.back().row});
-        outputs.push_back({folder / sync_track_path(base, name.c_str()), encodeTrack(keys)});
     }
     makeFolder(folder);
     std::vector<AtomicFile> files;

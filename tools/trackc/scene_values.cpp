@@ -2,6 +2,7 @@
 
 #include "scenes/scene_numbers.h"
 #include "tools/common/error.h"
+#include "tools/trackc/text_fields.h"
 
 #include <algorithm>
 #include <fmt/format.h>

@@ -2,7 +2,7 @@
 
 #include "tools/common/bytes.h"
 #include "tools/common/error.h"
-#include "tools/trackc/track_text.h"
+#include "tools/trackc/text_fields.h"
 
 #include <cmath>
 #include <cstdint>

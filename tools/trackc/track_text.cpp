@@ -2,67 +2,17 @@
 
 #include "tools/common/bar_position.h"
 #include "tools/common/error.h"
+#include "tools/trackc/text_fields.h"
 
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <fmt/format.h>
-#include <iterator>
+#include <optional>
 #include <stdexcept>
 
 namespace tools {
 
 namespace {
-
-constexpr const char* typeNames[] = {"step", "linear", "smooth", "ramp"}; // in the order of `sync_key_type`
-
-std::string_view trimmed(std::string_view text)
-{
-    constexpr std::string_view space = " \t\r";
-    const std::size_t first = text.find_first_not_of(space);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(space) - first + 1);
-}
-
-std::vector<std::string_view> fieldsOf(std::string_view line)
-{
-    std::vector<std::string_view> fields;
-    for (;;) {
-        const std::size_t comma = line.find(',');
-        fields.push_back(trimmed(line.substr(0, comma)));
-        if (comma == std::string_view::npos) {
-            return fields;
-        }
-        line.remove_prefix(comma + 1);
-    }
-}
-
-float parseValue(std::string_view text)
-{
-    float value = 0.0F;
-    const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (code == std::errc::invalid_argument || end != text.data() + text.size()) {
-        throw std::invalid_argument(fmt::format("value '{}' is no number", text));
-    }
-    // Numbers that are too small come as out of range as well, "inf" and "nan" as values.
-    if (code != std::errc{} || !std::isfinite(value)) {
-        throw std::invalid_argument(fmt::format("value '{}' does not fit into a finite 32-bit float", text));
-    }
-    return value;
-}
-
-std::int32_t parseType(std::string_view text)
-{
-    for (std::size_t type = 0; type < std::size(typeNames); ++type) {
-        if (text == typeNames[type]) {
-            return static_cast<std::int32_t>(type);
-        }
-    }
-    throw std::invalid_argument(
-        fmt::format("unknown type '{}', expected step, linear, smooth or ramp", text));
-}
 
 sync_key parseKey(std::string_view line)
 {
@@ -73,6 +23,91 @@ sync_key parseKey(std::string_view line)
     }
     return {parseRow(fields[0]), parseValue(fields[1]), parseType(fields[2])};
 }
+
+/// "repeat from, to, every": keys that come again, their rows counted anew from each start.
+struct Pattern {
+    std::int32_t from;
+    std::int32_t to; ///< no start from here on
+    std::int32_t every;
+    std::size_t line;
+    std::vector<TextKey> keys;
+};
+
+constexpr std::string_view repeatWord = "repeat ";
+constexpr std::string_view endWord = "end";
+
+Pattern parsePattern(std::string_view rest, std::size_t line)
+{
+    const std::vector<std::string_view> fields = fieldsOf(rest);
+    if (fields.size() != 3) {
+        throw std::invalid_argument("expected 'repeat from, to, every'");
+    }
+    const Pattern pattern = {parseRow(fields[0]), parseRow(fields[1]), parseRow(fields[2]), line, {}};
+    if (pattern.every <= 0) {
+        throw std::invalid_argument(fmt::format("it cannot repeat every {} rows", pattern.every));
+    }
+    if (pattern.to <= pattern.from) {
+        throw std::invalid_argument(
+            fmt::format("row {} does not come after row {}", pattern.to, pattern.from));
+    }
+    return pattern;
+}
+
+/// Gathers the keys, line by line.
+class TrackReader {
+public:
+    void read(std::string_view line, std::size_t number)
+    {
+        if (line.starts_with(repeatWord)) {
+            if (pattern) {
+                throw std::invalid_argument("a repeat cannot stand in another");
+            }
+            pattern = parsePattern(line.substr(repeatWord.size()), number);
+        } else if (line == endWord) {
+            endPattern();
+        } else if (pattern) {
+            addToPattern({parseKey(line), number});
+        } else {
+            add({parseKey(line), number});
+        }
+    }
+
+    std::vector<TextKey> keys;
+    std::optional<Pattern> pattern; ///< that is being read
+
+private:
+    void add(const TextKey& key)
+    {
+        if (!keys.empty() && key.key.row <= keys.back().key.row) {
+            throw std::invalid_argument(fmt::format("row {} does not come after row {} of line {}",
+                                                    key.key.row, keys.back().key.row, keys.back().line));
+        }
+        keys.push_back(key);
+    }
+
+    void addToPattern(const TextKey& key)
+    {
+        if (key.key.row < 0 || key.key.row >= pattern->every) {
+            throw std::invalid_argument(
+                fmt::format("row {} is not within the {} rows of the repeat", key.key.row, pattern->every));
+        }
+        pattern->keys.push_back(key);
+    }
+
+    void endPattern()
+    {
+        if (!pattern || pattern->keys.empty()) {
+            throw std::invalid_argument("an end without keys to repeat");
+        }
+        for (std::int64_t start = pattern->from; start < pattern->to; start += pattern->every) {
+            for (TextKey key : pattern->keys) {
+                key.key.row += static_cast<std::int32_t>(start);
+                add(key);
+            }
+        }
+        pattern.reset();
+    }
+};
 
 /// The fewest digits that read back as the same float.
 std::string shortest(float value)
@@ -86,30 +121,25 @@ std::string shortest(float value)
 
 std::vector<TextKey> parseTrackText(std::string_view text, const std::string& file)
 {
-    std::vector<TextKey> keys;
+    TrackReader reader;
     for (std::size_t number = 1; !text.empty(); ++number) {
-        const std::size_t end = text.find('\n');
-        const std::string_view whole = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        const std::string_view line = trimmed(whole.substr(0, whole.find('#')));
+        const std::string_view line = takeLine(text);
         if (line.empty()) {
             continue;
         }
         try {
-            const sync_key key = parseKey(line);
-            if (!keys.empty() && key.row <= keys.back().key.row) {
-                throw std::invalid_argument(fmt::format("row {} does not come after row {} of line {}",
-                                                        key.row, keys.back().key.row, keys.back().line));
-            }
-            keys.push_back({key, number});
+            reader.read(line, number);
         } catch (const std::invalid_argument& reason) {
             throw Error(file, number, reason.what());
         }
     }
-    if (keys.empty()) {
+    if (reader.pattern) {
+        throw Error(file, reader.pattern->line, "the repeat has no end");
+    }
+    if (reader.keys.empty()) {
         throw Error(file, "holds no key");
     }
-    return keys;
+    return reader.keys;
 }
 
 std::string printTrackText(const std::vector<sync_key>& keys, RowStyle style)
@@ -120,11 +150,6 @@ std::string printTrackText(const std::vector<sync_key>& keys, RowStyle style)
         text += fmt::format("{}, {}, {}\n", row, shortest(key.value), typeName(key.type));
     }
     return text;
-}
-
-const char* typeName(std::int32_t type)
-{
-    return type >= 0 && type < static_cast<std::int32_t>(std::size(typeNames)) ? typeNames[type] : nullptr;
 }
 
 } // namespace tools
