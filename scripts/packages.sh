@@ -6,8 +6,14 @@ build_packages=(
     libassimp-dev libcli11-dev libfmt-dev libgl-dev libglew-dev libglm-dev libglu1-mesa-dev libsdl2-dev
     libsdl2-mixer-dev libspng-dev libsquish-dev libstb-dev libvorbis-dev
     libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
-test_packages=(libgmock-dev libgtest-dev)
+# shellcheck disable=SC2034  # used by play
+video_packages=(ffmpeg)
+test_packages=(ffmpeg libgmock-dev libgtest-dev python3-numpy vorbis-tools)
 lint_packages=(clang-format clang-tidy shellcheck)
+# shellcheck disable=SC2034  # used by art/build
+art_packages=(
+    bc blender csound ffmpeg fonts-bebas-neue fonts-league-spartan fonts-leckerli-one fonts-yanone-kaffeesatz
+    gir1.2-pango-1.0 optipng python3-gi python3-gi-cairo python3-numpy python3-openvdb python3-pil vorbis-tools)
 
 # require PACKAGE...: installs those that are missing, having said which.
 require() {

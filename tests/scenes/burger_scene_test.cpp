@@ -26,8 +26,6 @@ const ExpectedObject objects[] = {
     {"burger_cheese",  "burger_cheese",    {},                         {},     {},       {0.9F, 0.68F, 0.08F},   0.1F, 1.0F, 1.0F, 30.0F},
 };
 
-constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
-
 const ExpectedNode nodes[] = {
     // path                 object            position               orientation     scale
     {"box",                 "",               {0.0F, 0.0F, 1.0F},    y314,           1.0F},
@@ -100,11 +98,6 @@ TrackValues tracksOf(const Moment& moment)
 {
     return {{"burger_rotate", moment.rotate}, {"burger_pitch", moment.pitch},   {"box_open", moment.lid},
             {"burger_open", moment.open},     {"burger_random", moment.random}, {"camera_pos_z", 2.0F}};
-}
-
-float inDouble(float value, double factor)
-{
-    return static_cast<float>(static_cast<double>(value) * factor);
 }
 
 glm::quat about(const glm::vec3& axis, float angle)

@@ -1,8 +1,8 @@
 #include "scenes/credits_scene.h"
 
-#include "tests/scenes/quiet_output.h"
 #include "tests/support/recording_renderer.h"
 #include "tests/support/test_assets.h"
+#include "tools/common/quiet_output.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -109,7 +109,7 @@ TEST_F(CreditsSceneTest, DoesNotMove)
 {
     const pack::Packfile pack("assets/assets.pack");
     CreditsScene credits(renderer, pack, {320, 200});
-    const QuietOutput quiet;
+    const tools::QuietOutput quiet;
     const tolv::SyncDevice sync("assets/sync", 128.0, 16);
     renderer.take();
     credits.update(renderer, 0.0, sync);

@@ -39,7 +39,6 @@ constexpr glm::quat y0314 = xyzw(0.0F, 0.1563558F, 0.0F, 0.9877008F);
 constexpr glm::quat y1256 = xyzw(0.0F, 0.5875275F, 0.0F, 0.8092042F);
 constexpr glm::quat y157 = xyzw(0.0F, 0.7068252F, 0.0F, 0.7073882F);
 constexpr glm::quat y1884 = xyzw(0.0F, 0.8087361F, 0.0F, 0.5881717F);
-constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
 constexpr glm::quat y4082 = xyzw(0.0F, 0.8914761F, 0.0F, -0.4530678F);
 constexpr glm::quat lyingBeer = xyzw(0.6298625F, 0.320997F, -0.3207415F, 0.6303642F);
 

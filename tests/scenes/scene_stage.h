@@ -4,9 +4,9 @@
 #include "engine/scene.h"
 #include "pack/packfile.h"
 #include "sync/syncdevice.h"
-#include "tests/scenes/quiet_output.h"
 #include "tests/support/recording_renderer.h"
 #include "tests/support/test_assets.h"
+#include "tools/common/quiet_output.h"
 
 #include <glm/gtc/quaternion.hpp>
 #include <glm/mat4x4.hpp>
@@ -69,6 +69,14 @@ constexpr glm::quat xyzw(float x, float y, float z, float w)
     return {w, x, y, z};
 }
 constexpr glm::quat zeroQuaternion = xyzw(0.0F, 0.0F, 0.0F, 0.0F);
+/// By 3.14 about y: the half turn of several tables.
+constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
+
+/// The product as scenes take it of a track's value and a constant: in double, then as a float.
+constexpr float inDouble(float value, double factor)
+{
+    return static_cast<float>(static_cast<double>(value) * factor);
+}
 
 /// The name of a row as part of a test's name: "box/boxb" becomes "box_boxb".
 std::string testName(std::string row);
@@ -136,7 +144,7 @@ protected:
     void expectLights(lumeth::Scene& scene, const std::string& stock,
                       const std::vector<ExpectedLight>& rows) const;
 
-    QuietOutput quiet; ///< loader and device have much to say
+    tools::QuietOutput quiet; ///< loader and device have much to say
     ShowFolder folder;
     RecordingRenderer renderer;
     std::unique_ptr<pack::Packfile> assets;

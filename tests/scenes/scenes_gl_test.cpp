@@ -7,8 +7,8 @@
 #include "scenes/room_scene.h"
 #include "scenes/toilet_scene.h"
 #include "tests/gl/offscreen_renderer.h"
-#include "tests/scenes/quiet_output.h"
 #include "tests/support/test_assets.h"
+#include "tools/common/quiet_output.h"
 #include "tools/standins/model_boxes.h"
 #include "tools/standins/stand_ins.h"
 
@@ -109,7 +109,7 @@ protected:
         return frame;
     }
 
-    QuietOutput quiet; ///< loader and device have much to say
+    tools::QuietOutput quiet; ///< loader and device have much to say
     ShowFolder folder;
     std::unique_ptr<pack::Packfile> pack;
     std::unique_ptr<tolv::SyncDevice> sync;

@@ -21,8 +21,6 @@ const ExpectedObject objects[] = {
     {"toilet_lid", "toilet_lid", {},     {},     {},       {1.0F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
 };
 
-constexpr glm::quat y314 = xyzw(0.0F, 0.9999997F, 0.0F, 0.0007962743F);
-
 const ExpectedNode nodes[] = {
     // path              object        position              orientation     scale
     {"toilet",           "",           {0.0F, 0.0F, 0.0F},   y314,           1.0F},
@@ -55,11 +53,6 @@ const Moment moments[] = {
 TrackValues tracksOf(const Moment& moment)
 {
     return {{"burger_rotate", moment.rotate}, {"lid_rotate", moment.lid}, {"camera_pos_z", 2.0F}};
-}
-
-float inDouble(float value, double factor)
-{
-    return static_cast<float>(static_cast<double>(value) * factor);
 }
 
 class ToiletObject : public ToiletSceneTest, public testing::WithParamInterface<ExpectedObject> {};

@@ -1,7 +1,5 @@
 #include "tests/support/recording_renderer.h"
 
-#include <GL/gl.h>
-#include <GL/glext.h>
 #include <algorithm>
 #include <fmt/format.h>
 
@@ -63,9 +61,9 @@ void RecordingRenderer::clear(float r, float g, float b)
 
 zund::VertexArray RecordingRenderer::genVertexArray(int flags, unsigned long indexes)
 {
-    const int id = next();
-    calls.push_back(fmt::format("genVertexArray({}, {}) = {}", flags, indexes, id));
-    return {id, flags, indexes};
+    zund::VertexArray made = NullRenderer::genVertexArray(flags, indexes);
+    calls.push_back(fmt::format("genVertexArray({}, {}) = {}", flags, indexes, made.get()));
+    return made;
 }
 
 zund::VertexArray RecordingRenderer::createIndexedBuffer(const float* positions, unsigned long positionCount,
@@ -76,31 +74,33 @@ zund::VertexArray RecordingRenderer::createIndexedBuffer(const float* positions,
                                                          unsigned long tangentCount, const float* bitangents,
                                                          unsigned long bitangentCount)
 {
-    const int id = next();
+    zund::VertexArray made = NullRenderer::createIndexedBuffer(positions, positionCount, indices, indexCount,
+                                                               uvs, uvCount, normals, normalCount, tangents,
+                                                               tangentCount, bitangents, bitangentCount);
     calls.push_back(fmt::format("createIndexedBuffer({}, {}, {}, {}, {}, {}) = {}", positionCount, indexCount,
-                                uvCount, normalCount, tangentCount, bitangentCount, id));
+                                uvCount, normalCount, tangentCount, bitangentCount, made.get()));
     meshes.push_back({copy(positions, positionCount), copy(indices, indexCount), copy(uvs, uvCount),
                       copy(normals, normalCount), copy(tangents, tangentCount),
-                      copy(bitangents, bitangentCount), id});
-    return {id, 0, indexCount};
+                      copy(bitangents, bitangentCount), made.get()});
+    return made;
 }
 
 zund::Shader RecordingRenderer::createShader(zund::Shader::Type type, const char* source)
 {
-    const int id = next();
-    calls.push_back(fmt::format("createShader({}, {}) = {}", typeName(type), sourceName(source), id));
-    shaderSources[id] = source;
-    return zund::Shader(id);
+    zund::Shader made = NullRenderer::createShader(type, source);
+    calls.push_back(fmt::format("createShader({}, {}) = {}", typeName(type), sourceName(source), made.get()));
+    shaderSources[made.get()] = source;
+    return made;
 }
 
 zund::ShaderProgram RecordingRenderer::createProgram(const zund::Shader& first, const zund::Shader& second,
                                                      const zund::Shader* third)
 {
-    const int id = next();
+    zund::ShaderProgram made = NullRenderer::createProgram(first, second, third);
     calls.push_back(fmt::format("createProgram({}, {}, {}) = {}", first.get(), second.get(),
-                                third != nullptr ? fmt::format("{}", third->get()) : "null", id));
-    programs[id] = {shaderSources[first.get()], shaderSources[second.get()]};
-    return zund::ShaderProgram(id);
+                                third != nullptr ? fmt::format("{}", third->get()) : "null", made.get()));
+    programs[made.get()] = {shaderSources[first.get()], shaderSources[second.get()]};
+    return made;
 }
 
 void RecordingRenderer::deleteShader(zund::Shader& shader)
@@ -151,34 +151,35 @@ void RecordingRenderer::finish()
 
 zund::Uniform RecordingRenderer::getUniform(const zund::ShaderProgram& program, const std::string& name)
 {
-    const int id = name.empty() || name == withoutUniform ? -1 : next();
-    calls.push_back(fmt::format("getUniform({}, \"{}\") = {}", program.get(), name, id));
-    if (id != -1) {
-        uniformNames[id] = name;
+    zund::Uniform found = name == withoutUniform ? zund::Uniform() : NullRenderer::getUniform(program, name);
+    calls.push_back(fmt::format("getUniform({}, \"{}\") = {}", program.get(), name, found.get()));
+    if (found.isValid()) {
+        uniformNames[found.get()] = name;
     }
-    return zund::Uniform(id);
+    return found;
 }
 
 zund::Texture RecordingRenderer::loadTextureDXT(int width, int height, const void* data)
 {
-    const int id = next();
-    calls.push_back(fmt::format("loadTextureDXT({}, {}) = {}", width, height, id));
-    textures.push_back({id, width, height, data});
-    return {id, GL_TEXTURE_2D};
+    zund::Texture made = NullRenderer::loadTextureDXT(width, height, data);
+    calls.push_back(fmt::format("loadTextureDXT({}, {}) = {}", width, height, made.get()));
+    textures.push_back({made.get(), width, height, data});
+    return made;
 }
 
 zund::Texture RecordingRenderer::createTexture2d(zund::TextureFormat format, int width, int height)
 {
-    const int id = next();
-    calls.push_back(fmt::format("createTexture2d({}, {}, {}) = {}", formatName(format), width, height, id));
-    return {id, GL_TEXTURE_2D};
+    zund::Texture made = NullRenderer::createTexture2d(format, width, height);
+    calls.push_back(
+        fmt::format("createTexture2d({}, {}, {}) = {}", formatName(format), width, height, made.get()));
+    return made;
 }
 
 zund::Texture RecordingRenderer::createTexture1d(int width)
 {
-    const int id = next();
-    calls.push_back(fmt::format("createTexture1d({}) = {}", width, id));
-    return {id, GL_TEXTURE_1D};
+    zund::Texture made = NullRenderer::createTexture1d(width);
+    calls.push_back(fmt::format("createTexture1d({}) = {}", width, made.get()));
+    return made;
 }
 
 void RecordingRenderer::uploadTexture2d(zund::Texture& texture, int width, int height, const void* /*data*/)
@@ -193,9 +194,9 @@ void RecordingRenderer::uploadTexture1d(zund::Texture& texture, int width, const
 
 zund::Texture RecordingRenderer::createCubemap()
 {
-    const int id = next();
-    calls.push_back(fmt::format("createCubemap() = {}", id));
-    return {id, GL_TEXTURE_CUBE_MAP};
+    zund::Texture made = NullRenderer::createCubemap();
+    calls.push_back(fmt::format("createCubemap() = {}", made.get()));
+    return made;
 }
 
 void RecordingRenderer::uploadCubemap(zund::Texture& texture, int width, int height, const void** /*faces*/)
@@ -205,16 +206,16 @@ void RecordingRenderer::uploadCubemap(zund::Texture& texture, int width, int hei
 
 zund::RenderBuffer RecordingRenderer::createRenderBuffer2d(int width, int height)
 {
-    const int id = next();
-    calls.push_back(fmt::format("createRenderBuffer2d({}, {}) = {}", width, height, id));
-    return zund::RenderBuffer(id);
+    zund::RenderBuffer made = NullRenderer::createRenderBuffer2d(width, height);
+    calls.push_back(fmt::format("createRenderBuffer2d({}, {}) = {}", width, height, made.get()));
+    return made;
 }
 
 zund::FrameBuffer RecordingRenderer::createFrameBuffer()
 {
-    const int id = next();
-    calls.push_back(fmt::format("createFrameBuffer() = {}", id));
-    return zund::FrameBuffer(id);
+    zund::FrameBuffer made = NullRenderer::createFrameBuffer();
+    calls.push_back(fmt::format("createFrameBuffer() = {}", made.get()));
+    return made;
 }
 
 void RecordingRenderer::framebufferTexture(zund::FrameBuffer frameBuffer, zund::Texture texture)

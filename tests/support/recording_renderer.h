@@ -1,17 +1,15 @@
 #pragma once
 
-#include "gl/renderer.h"
+#include "tools/common/null_renderer.h"
 
 #include <map>
 #include <string>
 #include <vector>
 
-/// A renderer that makes nothing and writes everything down.
-///
-/// Handles are given out from 1 on, one row of numbers for all kinds. A call reads
+/// A renderer that makes nothing and writes everything down. A call reads
 /// "createTexture2d(RGB16F, 320, 200) = 5". Shader texts are kept whole, and stand in calls by the order of
 /// their first appearance: "source 1".
-class RecordingRenderer : public zund::Renderer {
+class RecordingRenderer : public tools::NullRenderer {
 public:
     /// A mesh as `createIndexedBuffer` got it; what was null is empty.
     struct Mesh {
@@ -82,9 +80,7 @@ public:
     void framebufferRenderbuffer(zund::FrameBuffer frameBuffer, zund::RenderBuffer renderBuffer) override;
 
 private:
-    int next() { return ++lastId; }
     std::string sourceName(const std::string& source);
 
-    int lastId = 0;
     std::map<int, std::string> shaderSources; ///< by handle
 };

@@ -43,6 +43,30 @@ TEST_F(Compile, EncodesTheNameAsTheShowDoes)
     EXPECT_EQ(device.getValue(device.getTrack("group:lid-angle"), 0.0), 4.0F);
 }
 
+TEST_F(Compile, MakesSevenTracksOfAShotList)
+{
+    write("shots.txt", "0, room, 1 2 3, 4 5 6\n8, 2 2 3, 4 5 6\n64, end\n");
+    write("lid_rotate.csv", "0, 1, step\n");
+    const auto tracks = compileTracks({"lid_rotate.csv", "shots.txt"}, "out");
+    ASSERT_EQ(tracks.size(), 8U);
+    EXPECT_EQ(tracks[1].name, "scene");
+    EXPECT_EQ(tracks[1].lastRow, 64);
+    const tolv::SyncDevice device("out/sync", 128.0, 16);
+    EXPECT_EQ(device.getValue(device.getTrack("camera_pos_x"), 4.0), 1.5F);
+    EXPECT_EQ(device.getValue(device.getTrack("camera_tgt_z"), 30.0), 6.0F);
+}
+
+TEST_F(Compile, RefusesATrackThatTheShotListGivesAlready)
+{
+    write("shots.txt", "0, credits\n64, end\n");
+    write("scene.csv", "0, 5, step\n");
+    EXPECT_THAT(
+        [] {
+            compileTracks({"shots.txt", "scene.csv"}, "out");
+        },
+        ThrowsMessage<Error>("scene.csv: the track 'scene' comes from shots.txt already"));
+}
+
 TEST_F(Compile, TellsKeysAndLastRowOfEachTrack)
 {
     write("a.csv", "0, 1, step\n296, 2, step\n");

@@ -51,6 +51,24 @@ TEST(TrackText, MayHaveCommentsEmptyLinesAndSpaces)
     EXPECT_TRUE(sameBits(keys[1], {64, 5.0F, SYNC_STEP}));
 }
 
+TEST(TrackText, RepeatsKeysFromEachStart)
+{
+    const auto keys =
+        keysOf("0, 9, step\nrepeat 0:1:0, 0:3:0, 16\n  0, 1, smooth\n  5, 2, linear\nend\n48, 9, step");
+    ASSERT_EQ(keys.size(), 6U);
+    EXPECT_TRUE(sameBits(keys[1], {16, 1.0F, SYNC_SMOOTH}));
+    EXPECT_TRUE(sameBits(keys[2], {21, 2.0F, SYNC_LINEAR}));
+    EXPECT_TRUE(sameBits(keys[3], {32, 1.0F, SYNC_SMOOTH}));
+    EXPECT_TRUE(sameBits(keys[4], {37, 2.0F, SYNC_LINEAR}));
+    EXPECT_TRUE(sameBits(keys[5], {48, 9.0F, SYNC_STEP}));
+}
+
+TEST(TrackText, StartsARepeatAsLongAsThereIsSomethingLeft)
+{
+    EXPECT_EQ(keysOf("repeat 0, 17, 8\n0, 1, step\nend").size(), 3U);
+    EXPECT_EQ(keysOf("repeat 0, 16, 8\n0, 1, step\nend").size(), 2U);
+}
+
 TEST(TrackText, TellsTheLineOfEachKey)
 {
     const auto keys = parseTrackText("# one\n0, 4, step\n\n8, 5, step", "t.csv");
@@ -86,6 +104,17 @@ constexpr BadText badTexts[] = {
     {"Infinity",          "0,inf,step\n",                  "t.csv:1: value 'inf' does not fit into a finite 32-bit float"},
     {"NotANumber",        "0,nan,step\n",                  "t.csv:1: value 'nan' does not fit into a finite 32-bit float"},
     {"TooLarge",          "0,1e39,step\n",                 "t.csv:1: value '1e39' does not fit into a finite 32-bit float"},
+    {"RepeatOfTwoFields", "repeat 0, 8\n",                 "t.csv:1: expected 'repeat from, to, every'"},
+    {"RepeatOfBadRow",    "repeat 0, x, 8\n",              "t.csv:1: row 'x': expected a whole number or bar:beat:row"},
+    {"RepeatEveryNothing", "repeat 0, 8, 0\n",             "t.csv:1: it cannot repeat every 0 rows"},
+    {"RepeatBackwards",   "repeat 8, 8, 4\n",              "t.csv:1: row 8 does not come after row 8"},
+    {"RepeatInARepeat",   "repeat 0, 8, 4\n0,1,step\nrepeat 0, 8, 4\n", "t.csv:3: a repeat cannot stand in another"},
+    {"RepeatWithoutEnd",  "0,1,step\nrepeat 8, 16, 4\n0,1,step\n", "t.csv:2: the repeat has no end"},
+    {"RepeatOfNothing",   "repeat 0, 8, 4\nend\n",         "t.csv:2: an end without keys to repeat"},
+    {"EndOfNothing",      "0,1,step\nend\n",               "t.csv:2: an end without keys to repeat"},
+    {"KeyBeyondTheRepeat", "repeat 0, 8, 4\n4,1,step\nend\n", "t.csv:2: row 4 is not within the 4 rows of the repeat"},
+    {"KeyBeforeTheRepeat", "repeat 0, 8, 4\n-1,1,step\nend\n", "t.csv:2: row -1 is not within the 4 rows of the repeat"},
+    {"RepeatOverAKey",    "4,1,step\nrepeat 0, 8, 4\n0,1,step\nend\n", "t.csv:4: row 0 does not come after row 4 of line 1"},
     {"TooLargeNegative",  "0,-3.5e38,step\n",              "t.csv:1: value '-3.5e38' does not fit into a finite 32-bit float"},
 };
 // clang-format on

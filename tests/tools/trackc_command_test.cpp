@@ -118,7 +118,8 @@ TEST_F(TrackcCommand, HelpsWithExamples)
     const ToolResult result = runTool(trackc + " --help");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.error, "");
-    EXPECT_THAT(result.output, HasSubstr("trackc art/timeline/*.csv --output build/assets"));
+    EXPECT_THAT(result.output,
+                HasSubstr("trackc art/timeline/*.csv art/timeline/shots.txt --output build/assets"));
     EXPECT_THAT(result.output, HasSubstr("trackc --dump --bars"));
 }
 

@@ -93,18 +93,23 @@ RgbImage HiddenWindow::read() const
 {
     RgbImage image{pictureSize, {}};
     image.pixels.resize(std::size_t{3} * pictureSize.width * pictureSize.height);
+    readRows(image.pixels);
+    flipRows(image);
+    return image;
+}
+
+void HiddenWindow::readRows(std::span<std::uint8_t> pixels) const
+{
     glBindFramebuffer(GL_READ_FRAMEBUFFER, 0);
     glReadBuffer(GL_BACK);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(0, 0, static_cast<GLsizei>(pictureSize.width), static_cast<GLsizei>(pictureSize.height),
-                 GL_RGB, GL_UNSIGNED_BYTE, image.pixels.data());
+                 GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
     const GLenum error = glGetError();
     if (error != GL_NO_ERROR) {
         fail(fmt::format("cannot read a picture of {}x{}: OpenGL error 0x{:X}", pictureSize.width,
                          pictureSize.height, error));
     }
-    flipRows(image);
-    return image;
 }
 
 } // namespace tools

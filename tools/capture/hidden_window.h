@@ -3,7 +3,9 @@
 #include "gl/renderer.h"
 #include "tools/packer/rgb_image.h"
 
+#include <cstdint>
 #include <memory>
+#include <span>
 
 struct SDL_Window;
 
@@ -25,6 +27,10 @@ public:
 
     /// What has been drawn since the last clearing.
     RgbImage read() const;
+
+    /// The same, as OpenGL has it: 3 bytes a pixel, red first, in rows from the bottom. `pixels` holds just
+    /// as many.
+    void readRows(std::span<std::uint8_t> pixels) const;
 
 private:
     void open();

@@ -1,5 +1,6 @@
 #include "scenes/scene_numbers.h"
 #include "tools/capture/contact_sheet.h"
+#include "tools/capture/film.h"
 #include "tools/capture/hidden_window.h"
 #include "tools/capture/overrides.h"
 #include "tools/capture/picture_file.h"
@@ -28,6 +29,10 @@ constexpr const char* examples = R"(Examples:
   capture sheet --from 88 --to 92 --every 0.25 --columns 8 montage.png
   capture scene --scene burger --set box_open=-0.6 --set burger_text=1 --eye 0,0.5,2.5 --target 0,0,1 burger.png
   capture still --bar 20 - | ffplay -f rawvideo -pixel_format rgb24 -video_size 1920x1080 -
+  capture video show.mp4                                  # the whole show; docs/video.md tells more
+  capture video --from 72 --to 88 --size 1280x720 --fps 30 toilet.mp4
+  capture video --range 2/8 part-2.mp4                    # an eighth, without sound
+  capture join part-*.mp4 show.mp4
 
 A still shows what the show draws at that position. A bar is BAR, BAR:BEAT or BAR:BEAT:ROW, counted from 0, with 4
 beats a bar and 16 rows a beat. --eye is a point of world space in every scene, also in the people's, whose tracks hold
@@ -50,6 +55,13 @@ struct Options {
     std::string from = "0";
     std::string to = "97";
     std::uint32_t columns = 5;
+    // video; --from is that of the sheet
+    std::string fps = "60";
+    std::string videoEnd; ///< empty: the show's
+    std::string range;    ///< empty: all of it
+    bool overwrite = false;
+    // join
+    std::vector<std::filesystem::path> parts; ///< and last the file to write
     // scene
     std::string scene;
     std::vector<std::string> set;
@@ -183,6 +195,36 @@ void captureScene(const Options& options)
     file.write(picture);
 }
 
+void captureVideo(const Options& options)
+{
+    tools::FilmOptions film;
+    film.output = options.output;
+    film.assets = options.assets;
+    film.format.size = tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    film.format.fps = tools::parseFps(options.fps);
+    film.fromRow = tools::parseBar(options.from, "--from");
+    if (!options.videoEnd.empty()) {
+        film.toRow = tools::parseBar(options.videoEnd, "--to");
+    }
+    if (!options.range.empty()) {
+        film.share = tools::parseShare(options.range);
+    }
+    film.overwrite = options.overwrite;
+    tools::film(film);
+}
+
+void joinVideo(const Options& options)
+{
+    if (options.parts.size() < 2) {
+        throw tools::Error("capture join", "name the parts, and behind them the file to write");
+    }
+    tools::FilmOptions film;
+    film.output = options.parts.back();
+    film.assets = options.assets;
+    film.overwrite = options.overwrite;
+    tools::joinFilm({options.parts.begin(), options.parts.end() - 1}, film);
+}
+
 void addCommonOptions(CLI::App& command, Options& options, const char* size)
 {
     command.add_option("OUT", options.output, "the file to write: NAME.png, NAME.rgb, or -")->required();
@@ -218,6 +260,30 @@ void addSceneOptions(CLI::App& command, Options& options)
     command.add_option("--target", options.target, "X,Y,Z: what it looks at");
 }
 
+void addVideoOptions(CLI::App& command, Options& options)
+{
+    command.add_option("OUT", options.output, "the file to write: NAME.mp4")->required();
+    command.add_option("--assets", options.assets, "folder of models, pack, tracks and music (assets)");
+    command.add_option("--size", options.size,
+                       fmt::format("WIDTHxHEIGHT of the picture, in pixels, both even ({})", stillSize));
+    command.add_option("--fps", options.fps, "frames a second, 24 to 120 (60)");
+    command.add_option("--from", options.from, "BAR, BAR:BEAT or BAR:BEAT:ROW where it starts (0)");
+    command.add_option("--to", options.videoEnd, "and where it ends (with the show)");
+    command.add_option("--range", options.range,
+                       "N/M: only the Nth of M equal parts, without sound, for join");
+    command.add_flag("--overwrite", options.overwrite, "replace a file that is there");
+}
+
+void addJoinOptions(CLI::App& command, Options& options)
+{
+    command
+        .add_option("PART... OUT", options.parts,
+                    "what capture video --range made, in any order; then NAME.mp4")
+        ->required();
+    command.add_option("--assets", options.assets, "folder with the music, and all that was drawn (assets)");
+    command.add_flag("--overwrite", options.overwrite, "replace a file that is there");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -237,6 +303,12 @@ int main(int argc, char** argv)
     addCommonOptions(*scene, options, stillSize);
     addPosition(*scene, options);
     addSceneOptions(*scene, options);
+    CLI::App* const video =
+        app.add_subcommand("video", "the show, or some bars of it, as an MP4 file with its music");
+    addVideoOptions(*video, options);
+    CLI::App* const join =
+        app.add_subcommand("join", "puts the parts of a video together, and adds the music");
+    addJoinOptions(*join, options);
 
     return tools::runTool(app, argc, argv, [&] {
         const QuietOutput quiet;
@@ -244,6 +316,10 @@ int main(int argc, char** argv)
             captureStill(options);
         } else if (sheet->parsed()) {
             captureSheet(options);
+        } else if (video->parsed()) {
+            captureVideo(options);
+        } else if (join->parsed()) {
+            joinVideo(options);
         } else {
             captureScene(options);
         }

@@ -66,8 +66,9 @@ std::string missingModels(const std::string& assetsName)
 /// A scene on the heap: scenes have no virtual destructor, and are to be deleted as what they are.
 template<typename Scene>
 struct Holder {
-    Holder(HiddenWindow& window, const pack::Packfile& pack, const tolv::SyncDevice& sync)
-        : scene(window.renderer(), pack, sync, sizeOf(window))
+    Holder(zund::Renderer& renderer, const pack::Packfile& pack, const tolv::SyncDevice& sync,
+           std::pair<int, int> size)
+        : scene(renderer, pack, sync, size)
     {
     }
 
@@ -76,8 +77,9 @@ struct Holder {
 
 template<>
 struct Holder<CreditsScene> {
-    Holder(HiddenWindow& window, const pack::Packfile& pack, const tolv::SyncDevice& /*sync*/)
-        : scene(window.renderer(), pack, sizeOf(window))
+    Holder(zund::Renderer& renderer, const pack::Packfile& pack, const tolv::SyncDevice& /*sync*/,
+           std::pair<int, int> size)
+        : scene(renderer, pack, size)
     {
     }
 
@@ -87,7 +89,13 @@ struct Holder<CreditsScene> {
 } // namespace
 
 Stage::Stage(HiddenWindow& window, std::string assetsName)
+    : Stage(window, window.renderer(), std::move(assetsName))
+{
+}
+
+Stage::Stage(HiddenWindow& window, zund::Renderer& renderer, std::string assetsName)
     : window(window),
+      renderer(renderer),
       assetsName(std::move(assetsName)),
       sync("assets/sync", 128.0, 16),
       pack(openPack(this->assetsName)),
@@ -101,15 +109,25 @@ float Stage::sceneAt(double time) const
     return sync.getValue(sceneTrack, timeToRow(time));
 }
 
-RgbImage Stage::draw(float scene, double time)
+void Stage::prepare(float scene)
 {
     if (!drawers.contains(scene)) {
         drawers[scene] = makeDrawer(scene);
     }
-    window.renderer().clear(clearColor, clearColor, clearColor);
+}
+
+void Stage::show(float scene, double time)
+{
+    prepare(scene);
+    renderer.clear(clearColor, clearColor, clearColor);
     if (const Drawer& drawer = drawers[scene]) {
         drawer(time);
     }
+}
+
+RgbImage Stage::draw(float scene, double time)
+{
+    show(scene, time);
     return window.read();
 }
 
@@ -117,10 +135,10 @@ template<typename Scene>
 Stage::Drawer Stage::makeDrawer()
 {
     // Shared, as functions can be copied.
-    auto holder = std::make_shared<Holder<Scene>>(window, *pack, sync);
+    auto holder = std::make_shared<Holder<Scene>>(renderer, *pack, sync, sizeOf(window));
     return [this, holder = std::move(holder)](double time) {
-        holder->scene.update(window.renderer(), time, sync);
-        holder->scene.scene.draw(window.renderer(), time);
+        holder->scene.update(renderer, time, sync);
+        holder->scene.scene.draw(renderer, time);
     };
 }
 

@@ -19,12 +19,23 @@ public:
     /// Throws `Error` with the pack's path and the reason.
     Stage(HiddenWindow& window, std::string assetsName);
 
+    /// The same with a renderer of one's own, which outlives the stage too. What it hands on to the window's
+    /// is what the window shows.
+    Stage(HiddenWindow& window, zund::Renderer& renderer, std::string assetsName);
+
     /// The value of the track "scene" at a position in the music, in seconds. Throws `Error` if it has no
     /// file.
     float sceneAt(double time) const;
 
-    /// The frame in which the scene of that number stands at `time`; a number that selects none leaves it
-    /// cleared. Throws `Error` "SCENE: cannot be made: REASON" if the scene's assets are amiss.
+    /// Makes the scene of that number, if there is one and it has not been drawn yet. Throws `Error`
+    /// "SCENE: cannot be made: REASON" if its assets are amiss.
+    void prepare(float scene);
+
+    /// Lets the window hold the frame in which the scene of that number stands at `time`; a number that
+    /// selects none leaves it cleared. Throws as `prepare` does.
+    void show(float scene, double time);
+
+    /// What `show` shows.
     RgbImage draw(float scene, double time);
 
 private:
@@ -35,6 +46,7 @@ private:
     Drawer makeDrawer(float scene);
 
     HiddenWindow& window;
+    zund::Renderer& renderer; ///< that the scenes draw by
     std::string assetsName;
     tolv::SyncDevice sync;
     std::unique_ptr<pack::Packfile> pack;

@@ -107,11 +107,11 @@ std::int32_t parseShowRow(const std::string& text)
     return parseRowFromZero("--row " + text, text);
 }
 
-std::int32_t parseBar(const std::string& text)
+std::int32_t parseBar(const std::string& text, const std::string& option)
 {
     const auto colons = std::count(text.begin(), text.end(), ':');
     const std::string whole = text + (colons == 0 ? ":0:0" : colons == 1 ? ":0" : "");
-    return parseRowFromZero("--bar " + text, whole);
+    return parseRowFromZero(option + " " + text, whole);
 }
 
 double timeOfRow(std::int32_t row)

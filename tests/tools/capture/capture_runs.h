@@ -21,6 +21,6 @@ protected:
     /// The pixels of a scene, with the camera where it shows something.
     static std::vector<std::uint8_t> pixelsOfScene(const std::string& scene, const std::string& more = "");
 
-private:
+    /// Gives a track one value throughout.
     static void writeTrack(const std::string& name, float value);
 };

@@ -3,8 +3,10 @@
 #include <iostream>
 #include <sstream>
 
-/// Keeps what the show says on standard output to itself, for as long as it lives. What the test says still
-/// comes through.
+namespace tools {
+
+/// Keeps what the show says on standard output to itself, for as long as it lives. What is printed by other
+/// means than `std::cout` still comes through.
 class QuietOutput {
 public:
     QuietOutput() : before(std::cout.rdbuf(said.rdbuf())) {}
@@ -17,3 +19,5 @@ private:
     std::ostringstream said;
     std::streambuf* before;
 };
+
+} // namespace tools

@@ -1,0 +1,125 @@
+// golden: draws the stills of the show, and compares them with the pictures that are kept of them.
+
+#include "tests/golden/golden_folder.h"
+#include "tests/golden/still_stage.h"
+#include "tools/capture/picture_file.h"
+#include "tools/common/atomic_file.h"
+#include "tools/common/command_line.h"
+#include "tools/common/error.h"
+#include "tools/common/quiet_output.h"
+
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <fmt/format.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Options {
+    fs::path pictures;              ///< folder of the golden ones
+    fs::path assets;                ///< folder of what they are drawn from
+    fs::path differences;           ///< folder for what failed
+    std::vector<std::string> names; ///< of the stills; empty: all
+};
+
+std::vector<const Still*> chosen(const Options& options)
+{
+    std::vector<const Still*> some;
+    for (const Still& still : stills()) {
+        if (options.names.empty() ||
+            std::find(options.names.begin(), options.names.end(), still.name) != options.names.end())
+        {
+            some.push_back(&still);
+        }
+    }
+    if (!options.names.empty() && some.size() != options.names.size()) {
+        throw tools::Error("golden", "no such still; NAME.png is one, for each in tests/golden/still.cpp");
+    }
+    return some;
+}
+
+/// Calls `use` with each chosen still and its picture.
+void drawStills(const Options& options, const std::function<void(const Still&, const tools::RgbImage&)>& use)
+{
+    const std::vector<const Still*> some = chosen(options);
+    const tools::QuietOutput quiet;
+    drawBySoftware();
+    tools::HiddenWindow window(stillSize);
+    StillStage stage(window, window.renderer(), options.assets);
+    for (const Still* const still : some) {
+        use(*still, stage.draw(*still));
+    }
+}
+
+void check(const Options& options)
+{
+    std::vector<std::string> faults = faultsOf(options.pictures);
+    std::size_t compared = 0;
+    drawStills(options, [&](const Still& still, const tools::RgbImage& picture) {
+        if (!fs::exists(goldenFile(options.pictures, still))) {
+            return; // told already
+        }
+        const std::string fault = checkStill(still, picture, options.pictures, options.differences);
+        ++compared;
+        if (!fault.empty()) {
+            faults.push_back(fault);
+        }
+    });
+    for (const std::string& fault : faults) {
+        fmt::print(stderr, "{}\n", fault);
+    }
+    fmt::print("golden: {} pictures compared, {} faults\n", compared, faults.size());
+    if (!faults.empty()) {
+        throw tools::Error("golden",
+                           "the pictures are not as they were; if that is meant, scripts/golden makes "
+                           "them anew");
+    }
+}
+
+void make(const Options& options)
+{
+    tools::makeFolder(options.pictures);
+    drawStills(options, [&](const Still& still, const tools::RgbImage& picture) {
+        const fs::path file = goldenFile(options.pictures, still);
+        tools::AtomicFile(file, tools::encodePicture(picture)).commit();
+        fmt::print(stderr, "{}\n", file.string());
+    });
+}
+
+void addOptions(CLI::App& command, Options& options)
+{
+    command.add_option("--pictures", options.pictures, "folder of the golden pictures")->required();
+    command.add_option("--assets", options.assets, "folder of models, pack and tracks")->required();
+    command.add_option("NAME", options.names, "only these stills");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    CLI::App app("Compares pictures of the show with those that are kept of it.", "golden");
+    app.require_subcommand(1);
+    CLI::App* const checking = app.add_subcommand("check", "draws them and compares");
+    addOptions(*checking, options);
+    checking->add_option("--differences", options.differences, "folder for what fails")->required();
+    CLI::App* const making =
+        app.add_subcommand("make", "draws them and keeps them, in place of the former ones");
+    addOptions(*making, options);
+    return tools::runTool(app, argc, argv, [&] {
+        // The process goes elsewhere while it draws.
+        for (fs::path* const path : {&options.pictures, &options.assets, &options.differences}) {
+            *path = fs::current_path() / *path;
+        }
+        if (checking->parsed()) {
+            check(options);
+        } else {
+            make(options);
+        }
+    });
+}

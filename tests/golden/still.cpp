@@ -1,0 +1,79 @@
+#include "tests/golden/still.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// The rows of the torn television lie where its shader tears: from 0.67 to 1.33 seconds. Early ones are best:
+// from the row grows an argument of a sine that serves as noise, whose rounding then shows.
+// clang-format off
+constexpr Still table[] = {
+    // name               scene      row   place                   target                  others
+    {"room_television",   "room",      8, { 0.02F, 0.20F,  0.84F}, { 0.00F, 0.16F,  1.70F}, {}},
+    {"room_torn",         "room",     24, { 0.25F, 0.30F,  0.05F}, { 0.10F, 0.06F,  1.75F}, {}},
+    {"room_sofa",         "room",     60, { 0.20F, 0.40F,  1.30F}, { 0.00F, 0.21F, -0.60F}, {}},
+    {"room_slippers",     "room",     61, { 0.62F, 0.02F,  0.62F}, { 0.22F, -0.14F, -0.30F}, {}},
+    {"room_table",        "room",     62, { 0.55F, 0.26F,  1.30F}, { 0.00F, -0.06F,  0.56F}, {}},
+    {"room_plant",        "room",     63, {-0.50F, 0.36F,  1.70F}, {-1.82F, 0.15F,  1.38F}, {}},
+    {"room_house",        "room",     64, { 4.40F, 1.45F,  0.45F}, {-0.25F, 0.18F,  0.50F}, {}},
+    {"bottle_ring",       "bottle",  100, { 0.10F, 0.48F,  0.22F}, { 0.00F, 0.00F,  2.00F}, {}},
+    {"bottle_above",      "bottle",  300, { 0.15F, 1.25F,  0.75F}, { 0.00F, 0.02F,  2.00F}, {}},
+    {"bottle_below",      "bottle",  500, { 0.90F, -0.30F,  0.70F}, { 0.00F, 0.02F,  2.00F}, {}},
+    {"burger_shut",       "burger",  600, { 0.10F, 0.15F,  0.42F}, { 0.00F, 0.02F,  1.00F}, {{"burger_rotate", 0.30F}}},
+    {"burger_open",       "burger",  601, {-0.06F, 0.19F,  0.43F}, { 0.00F, 0.04F,  1.00F}, {{"burger_rotate", 0.47F}, {"box_open", -0.62F}}},
+    {"burger_layers",     "burger",  602, { 0.10F, 0.13F,  0.40F}, { 0.00F, 0.06F,  1.00F}, {{"burger_rotate", 0.70F}, {"box_open", -0.62F}, {"burger_open", 0.105F}}},
+    {"burger_tumbling",   "burger",  603, {-0.08F, 0.14F,  0.36F}, { 0.00F, 0.07F,  1.00F}, {{"burger_rotate", 0.50F}, {"box_open", -0.62F}, {"burger_open", 0.12F}, {"burger_random", 0.5F}}},
+    {"burger_lettering",  "burger",  640, { 0.12F, 0.06F,  0.36F}, { 0.00F, 0.06F,  1.00F}, {{"burger_rotate", 0.95F}, {"burger_pitch", 0.05F}, {"burger_text", 1.0F}}},
+    {"people_front",      "people",  700, { 0.50F, 0.72F,  3.20F}, { 0.00F, 0.36F, -0.20F}, {{"hat_r", 0.596F}}},
+    {"people_tipped",     "people",  701, { 0.60F, 0.70F,  2.45F}, {-0.30F, 0.48F, -0.25F}, {{"hat_r", 0.24F}}},
+    {"people_glasses",    "people",  760, { 0.40F, 0.70F,  2.45F}, { 0.30F, 0.48F, -0.25F}, {{"hat_r", 0.24F}}},
+    {"people_legs",       "people",  820, { 0.45F, 0.05F,  3.40F}, { 0.00F, -0.35F, -0.20F}, {{"hat_r", 0.596F}}},
+    {"toilet_shut",       "toilet",  900, { 0.12F, 0.56F,  1.68F}, { 0.00F, 0.20F,  0.00F}, {{"burger_rotate", 0.95F}}},
+    {"toilet_open",       "toilet",  901, { 0.00F, 0.85F,  1.32F}, { 0.00F, 0.19F,  0.00F}, {{"burger_rotate", 1.02F}, {"lid_rotate", -0.55F}}},
+    {"toilet_behind",     "toilet",  940, {-0.45F, 0.48F,  1.38F}, { 0.00F, 0.20F,  0.00F}, {{"burger_rotate", 0.55F}, {"lid_rotate", -0.26F}}},
+    {"credits",           "credits", 960, { 0.00F, 0.00F,  0.00F}, { 0.00F, 0.00F,  0.00F}, {}},
+};
+// clang-format on
+
+consteval bool rowsAscend(std::span<const Still> rows)
+{
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        if (rows[i - 1].row >= rows[i].row) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(rowsAscend(table));
+
+} // namespace
+
+std::span<const Still> stills()
+{
+    return table;
+}
+
+float valueOf(const Still& still, std::string_view track)
+{
+    const std::span<const std::string_view> camera = tools::cameraTracks();
+    const auto inCamera = std::find(camera.begin(), camera.end(), track);
+    if (inCamera != camera.end()) {
+        const auto index = static_cast<glm::length_t>(inCamera - camera.begin());
+        return index < 3 ? still.place[index] : still.target[index - 3];
+    }
+    const auto* const found = std::find_if(std::begin(still.others), std::end(still.others),
+                                           [track](const TrackValue& other) { return other.track == track; });
+    return found != std::end(still.others) ? found->value : 0.0F;
+}
+
+std::vector<std::string_view> tracksOf(const Still& still)
+{
+    const tools::SceneTracks& scene = tools::findScene(still.scene);
+    std::vector<std::string_view> tracks;
+    if (scene.hasCamera) {
+        tracks.assign(tools::cameraTracks().begin(), tools::cameraTracks().end());
+    }
+    tracks.insert(tracks.end(), scene.others.begin(), scene.others.end());
+    return tracks;
+}

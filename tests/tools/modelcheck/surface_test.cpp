@@ -1,0 +1,98 @@
+#include "tools/modelcheck/surface.h"
+
+#include "tests/tools/modelcheck/imported_boxes.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using tools::Box;
+using tools::ImportedMesh;
+using tools::Surface;
+
+namespace {
+
+constexpr Box big = {{0.0F, 0.0F, 0.0F}, {4.0F, 4.0F, 4.0F}};
+constexpr Box inside = {{1.0F, 1.0F, 1.0F}, {2.0F, 2.0F, 2.0F}};
+constexpr Box beside = {{5.0F, 0.0F, 0.0F}, {6.0F, 1.0F, 1.0F}};
+constexpr std::size_t trianglesOfBox = 12;
+
+ImportedMesh twoBoxes(const Box& first, const Box& second)
+{
+    const Box boxes[] = {first, second};
+    return importedBoxes(boxes);
+}
+
+TEST(Surface, CountsSlivers)
+{
+    ImportedMesh mesh = importedBoxes({&big, 1});
+    mesh.positions.emplace_back(2.0F, 1e-6F, 0.0F); // in the middle of an edge, but for rounding
+    mesh.positions.emplace_back(2.0F, 1e-3F, 0.0F);
+    mesh.normals.resize(26, {0.0F, 0.0F, 1.0F});
+    const auto at = [&mesh](const glm::vec3& position) {
+        return static_cast<unsigned int>(std::find(mesh.positions.begin(), mesh.positions.end(), position) -
+                                         mesh.positions.begin());
+    };
+    mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 24});
+    mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 25});
+    const tools::Finding found = Surface(mesh).trianglesWithoutArea();
+    EXPECT_EQ(found.count, 1U);
+    EXPECT_FLOAT_EQ(found.first.x, 2.0F);
+}
+
+TEST(Surface, HasNoOpenEdgeWhereVerticesAreSplit)
+{
+    const ImportedMesh mesh = twoBoxes(big, beside);
+    EXPECT_EQ(Surface(mesh).openEdges().count, 0U);
+}
+
+TEST(Surface, HasNoOpenEdgeWhereRoundingMovedAVertex)
+{
+    ImportedMesh mesh = importedBoxes({&big, 1});
+    mesh.positions[0].x += 1e-6F;
+    EXPECT_EQ(Surface(mesh).openEdges().count, 0U);
+    mesh.positions[0].x += 1e-3F;
+    EXPECT_GT(Surface(mesh).openEdges().count, 0U);
+}
+
+TEST(Surface, HidesOpenEdgesInsideOfIt)
+{
+    ImportedMesh mesh = twoBoxes(big, inside);
+    mesh.triangles.pop_back(); // of the box inside
+    EXPECT_EQ(Surface(mesh).openEdges().count, 3U);
+    EXPECT_EQ(Surface(mesh).visibleOpenEdges().count, 0U);
+}
+
+TEST(Surface, ShowsOpenEdgesBesideIt)
+{
+    ImportedMesh mesh = twoBoxes(big, beside);
+    mesh.triangles.pop_back();
+    EXPECT_EQ(Surface(mesh).visibleOpenEdges().count, 3U);
+}
+
+TEST(Surface, CountsEachPartThatIsInsideOut)
+{
+    ImportedMesh mesh = twoBoxes(big, beside);
+    turnInsideOut(mesh, trianglesOfBox);
+    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 1U);
+    EXPECT_EQ(Surface(mesh).trianglesAgainstNormals().count, 0U);
+    turnInsideOut(mesh, 0); // the first too, and the second right again
+    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 1U);
+    turnInsideOut(mesh, trianglesOfBox);
+    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 2U);
+}
+
+TEST(Surface, TakesOpenPartsForSeenFromEitherSide)
+{
+    ImportedMesh mesh = importedBoxes({&big, 1});
+    turnInsideOut(mesh, 0);
+    mesh.triangles.pop_back();
+    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 0U);
+}
+
+TEST(Surface, CountsDoubledTrianglesAcrossSplitVertices)
+{
+    const ImportedMesh mesh = twoBoxes(big, big);
+    EXPECT_EQ(Surface(mesh).doubledTriangles().count, trianglesOfBox);
+}
+
+} // namespace

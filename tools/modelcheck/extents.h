@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/modelcheck/imported_mesh.h"
+#include "tools/modelcheck/model_rules.h"
+
+namespace tools {
+
+/// Where the model ends, in its own units. It has a vertex.
+float measure(const ImportedMesh& mesh, Extent extent);
+
+/// As it stands in a sentence: "lowest x", "distance from the y axis".
+const char* nameOf(Extent extent);
+
+} // namespace tools

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <limits>
+#include <span>
+#include <string_view>
+
+namespace tools {
+
+/// What a model wears.
+enum class Texture {
+    None,   ///< one colour all over: its texture coordinates matter to nothing but the tangents
+    Prints, ///< a picture whose parts may come several times
+    Baked,  ///< maps that were computed for it: each place of the model has a place of its own there
+};
+
+/// Number of open edges that models have where sheets end in the open.
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+
+/// What the show asks of a model besides its place. A default one suits a closed solid in one colour.
+struct ModelRules {
+    std::string_view name;
+    int loads = 1; ///< how many objects of the scenes are of it: each reads the file for itself
+    Texture texture = Texture::None;
+    /// Edges with a face on one side only that the model does not hide itself: at most, or `anyNumber`. Back
+    /// faces are drawn, but lit wrongly.
+    std::size_t openEdges = 0;
+    bool leaningNormals = false; ///< on purpose, towards lamps, so that they don't tell its outside
+};
+
+/// What of a model is measured, in its own units.
+enum class Extent {
+    LowX,
+    HighX,
+    LowY,
+    HighY,
+    LowZ,
+    HighZ,
+    FarX,   ///< from 0 to either side, the farther one
+    FarZ,   ///< likewise to the front and the back
+    Radius, ///< from the y axis
+};
+
+/// Where a model has to end so that it fits where the scenes' tables put it.
+struct Placement {
+    std::string_view model;
+    Extent extent;
+    float from;
+    float to;
+    std::string_view reason;
+};
+
+/// All models that the scenes load.
+std::span<const ModelRules> modelRules();
+
+/// The row of `name`, null if the show has no such model.
+const ModelRules* findModelRules(std::string_view name);
+
+std::span<const Placement> placements();
+
+} // namespace tools

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tools/modelcheck/imported_mesh.h"
+
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+/// Names the columns of `tableLine`; ends with the line.
+std::string tableHead();
+
+/// A model in one line: its name, how much it is of, and the block that it fills.
+std::string tableLine(std::string_view name, const ImportedMesh& mesh);
+
+} // namespace tools

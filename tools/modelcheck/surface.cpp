@@ -1,0 +1,243 @@
+#include "tools/modelcheck/surface.h"
+
+#include "tools/modelcheck/ray_caster.h"
+#include "tools/modelcheck/weld.h"
+
+#include <algorithm>
+#include <cmath>
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+#include <map>
+#include <numbers>
+#include <numeric>
+
+namespace tools {
+
+namespace {
+
+constexpr float weldingDistance = 1e-6F; ///< of the diagonal: what rounding to float leaves
+constexpr float smallestHeight = 1e-6F;  ///< of a triangle over its longest edge, of the diagonal
+constexpr float clearlyAgainst = -0.05F; ///< cosine between winding and normal; right angles are noise
+constexpr int sightLines = 100;          ///< from an edge, to look for a way out
+constexpr float sightStart = 1e-4F;      ///< of the diagonal: off the triangles at the edge itself
+/// Of a part, against its area to the power of 3/2, of which a ball has 0.09. Flat parts have hardly a
+/// volume, and it may come out negative.
+constexpr double smallestVolume = 1e-4;
+
+/// Spread evenly over the ball, along a spiral from pole to pole.
+std::vector<glm::vec3> directionsAllRound()
+{
+    std::vector<glm::vec3> directions;
+    for (int i = 0; i < sightLines; ++i) {
+        const double height = 1.0 - (2.0 * i + 1.0) / sightLines;
+        const double radius = std::sqrt(1.0 - height * height);
+        const double angle = 2.0 * std::numbers::pi * std::numbers::phi * i;
+        directions.emplace_back(radius * std::cos(angle), height, radius * std::sin(angle));
+    }
+    return directions;
+}
+
+float diagonalOf(std::span<const glm::vec3> positions)
+{
+    glm::vec3 low = positions.front();
+    glm::vec3 high = positions.front();
+    for (const glm::vec3& position : positions) {
+        low = glm::min(low, position);
+        high = glm::max(high, position);
+    }
+    return glm::distance(low, high);
+}
+
+/// Along the normal by which the triangle is wound, twice the area long.
+glm::vec3 windingOf(const std::array<glm::vec3, 3>& corners)
+{
+    return glm::cross(corners[1] - corners[0], corners[2] - corners[0]);
+}
+
+template<std::size_t Count>
+std::array<unsigned int, Count> sorted(std::array<unsigned int, Count> vertices)
+{
+    std::sort(vertices.begin(), vertices.end());
+    return vertices;
+}
+
+bool isCollapsed(const std::array<unsigned int, 3>& triangle)
+{
+    return triangle[0] == triangle[1] || triangle[1] == triangle[2] || triangle[2] == triangle[0];
+}
+
+std::vector<std::array<unsigned int, 2>>
+findOpenEdges(const std::vector<std::array<unsigned int, 3>>& triangles)
+{
+    std::vector<std::array<unsigned int, 2>> edges;
+    edges.reserve(3 * triangles.size());
+    for (const auto& triangle : triangles) {
+        if (!isCollapsed(triangle)) {
+            edges.push_back(sorted<2>({triangle[0], triangle[1]}));
+            edges.push_back(sorted<2>({triangle[1], triangle[2]}));
+            edges.push_back(sorted<2>({triangle[2], triangle[0]}));
+        }
+    }
+    std::sort(edges.begin(), edges.end());
+    std::vector<std::array<unsigned int, 2>> open;
+    for (auto edge = edges.begin(); edge != edges.end();) {
+        const auto next = std::find_if(edge, edges.end(), [&](const auto& other) { return other != *edge; });
+        if (next - edge == 1) {
+            open.push_back(*edge);
+        }
+        edge = next;
+    }
+    return open;
+}
+
+} // namespace
+
+Surface::Surface(const ImportedMesh& mesh) : mesh(mesh), size(diagonalOf(mesh.positions))
+{
+    const std::vector<unsigned int> standsFor = weld(mesh.positions, weldingDistance * size);
+    triangles.reserve(mesh.triangles.size());
+    for (const Triangle& triangle : mesh.triangles) {
+        triangles.push_back({standsFor[triangle[0]], standsFor[triangle[1]], standsFor[triangle[2]]});
+    }
+    open = findOpenEdges(triangles);
+}
+
+glm::vec3 Surface::middleOfEdge(const Edge& edge) const
+{
+    return 0.5F * (mesh.positions[edge[0]] + mesh.positions[edge[1]]);
+}
+
+bool Surface::hasArea(const std::array<glm::vec3, 3>& corners) const
+{
+    const float longest =
+        std::max({glm::distance(corners[0], corners[1]), glm::distance(corners[1], corners[2]),
+                  glm::distance(corners[2], corners[0])});
+    return glm::length(windingOf(corners)) > longest * smallestHeight * size;
+}
+
+Finding Surface::trianglesWithoutArea() const
+{
+    Finding found;
+    for (const Triangle& triangle : mesh.triangles) {
+        const auto corners = cornersOf(mesh, triangle);
+        if (!hasArea(corners)) {
+            found.add(middleOf(corners));
+        }
+    }
+    return found;
+}
+
+Finding Surface::doubledTriangles() const
+{
+    std::vector<Triangle> faces;
+    for (const Triangle& triangle : triangles) {
+        if (!isCollapsed(triangle)) {
+            faces.push_back(sorted(triangle));
+        }
+    }
+    std::sort(faces.begin(), faces.end());
+    Finding found;
+    for (std::size_t i = 1; i < faces.size(); ++i) {
+        if (faces[i] == faces[i - 1]) {
+            found.add(middleOf(cornersOf(mesh, faces[i])));
+        }
+    }
+    return found;
+}
+
+Finding Surface::trianglesAgainstNormals() const
+{
+    Finding found;
+    for (const Triangle& triangle : mesh.triangles) {
+        const auto corners = cornersOf(mesh, triangle);
+        const glm::vec3 winding = windingOf(corners);
+        const glm::vec3 normal =
+            mesh.normals[triangle[0]] + mesh.normals[triangle[1]] + mesh.normals[triangle[2]];
+        const float lengths = glm::length(winding) * glm::length(normal);
+        if (hasArea(corners) && glm::dot(winding, normal) < clearlyAgainst * lengths) {
+            found.add(middleOf(corners));
+        }
+    }
+    return found;
+}
+
+Finding Surface::openEdges() const
+{
+    Finding found;
+    for (const Edge& edge : open) {
+        found.add(middleOfEdge(edge));
+    }
+    return found;
+}
+
+Finding Surface::visibleOpenEdges() const
+{
+    const RayCaster caster(mesh);
+    const std::vector<glm::vec3> directions = directionsAllRound();
+    Finding found;
+    for (const Edge& edge : open) {
+        const glm::vec3 middle = middleOfEdge(edge);
+        if (std::any_of(directions.begin(), directions.end(), [&](const glm::vec3& direction) {
+                return !caster.hits(middle + sightStart * size * direction, direction);
+            }))
+        {
+            found.add(middle);
+        }
+    }
+    return found;
+}
+
+std::vector<unsigned int> Surface::partOfEachVertex() const
+{
+    std::vector<unsigned int> parent(mesh.positions.size());
+    std::iota(parent.begin(), parent.end(), 0U);
+    const auto rootOf = [&parent](unsigned int vertex) {
+        while (parent[vertex] != vertex) {
+            parent[vertex] = parent[parent[vertex]];
+            vertex = parent[vertex];
+        }
+        return vertex;
+    };
+    for (const Triangle& triangle : triangles) {
+        parent[rootOf(triangle[1])] = rootOf(triangle[0]);
+        parent[rootOf(triangle[2])] = rootOf(triangle[0]);
+    }
+    for (unsigned int vertex = 0; vertex < parent.size(); ++vertex) {
+        parent[vertex] = rootOf(vertex);
+    }
+    return parent;
+}
+
+Finding Surface::partsInsideOut() const
+{
+    struct Part {
+        double volume = 0.0;
+        double area = 0.0;
+        bool closed = true;
+    };
+    std::map<unsigned int, Part> parts; // by the vertex that stands for each
+    const std::vector<unsigned int> partOf = partOfEachVertex();
+    for (const Triangle& triangle : triangles) {
+        const unsigned int vertex = partOf[triangle[0]];
+        // From a point of the part itself: the small parts of a wide model have volumes near the noise.
+        const glm::dvec3 origin = mesh.positions[vertex];
+        const glm::dvec3 a = glm::dvec3(mesh.positions[triangle[0]]) - origin;
+        const glm::dvec3 b = glm::dvec3(mesh.positions[triangle[1]]) - origin;
+        const glm::dvec3 c = glm::dvec3(mesh.positions[triangle[2]]) - origin;
+        Part& part = parts[vertex];
+        part.volume += glm::dot(a, glm::cross(b, c)) / 6.0;
+        part.area += glm::length(glm::cross(b - a, c - a)) / 2.0;
+    }
+    for (const Edge& edge : open) {
+        parts[partOf[edge[0]]].closed = false;
+    }
+    Finding found;
+    for (const auto& [vertex, part] : parts) {
+        if (part.closed && part.volume < -smallestVolume * std::pow(part.area, 1.5)) {
+            found.add(mesh.positions[vertex]);
+        }
+    }
+    return found;
+}
+
+} // namespace tools

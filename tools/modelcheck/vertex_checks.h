@@ -1,0 +1,24 @@
+#pragma once
+
+#include "tools/modelcheck/finding.h"
+#include "tools/modelcheck/imported_mesh.h"
+
+namespace tools {
+
+/// Vertices with a NaN or an infinity anywhere.
+Finding verticesNotFinite(const ImportedMesh& mesh);
+
+// What follows is about meshes in which all is finite.
+
+Finding normalsNotUnit(const ImportedMesh& mesh);
+Finding tangentsNotUnit(const ImportedMesh& mesh);
+Finding bitangentsNotUnit(const ImportedMesh& mesh);
+
+/// Vertices whose normal, tangent and bitangent lie nearly in one plane. The stock shader makes them square
+/// to each other, with or without a normal map, and has nothing left to normalise then.
+Finding flatFrames(const ImportedMesh& mesh);
+
+/// Vertices whose texture coordinates lie outside of the picture.
+Finding uvsOutside(const ImportedMesh& mesh);
+
+} // namespace tools

@@ -1,0 +1,55 @@
+#include "tools/video/video_tag.h"
+
+#include <array>
+#include <cstdio>
+#include <fmt/format.h>
+
+namespace tools {
+
+std::string writeTag(const VideoTag& tag)
+{
+    return fmt::format("vesperal: frames {} to {} of {} to {}, {} a second, {}x{}, assets {}, program {}",
+                       tag.frames.first, tag.frames.end - 1, tag.whole.first, tag.whole.end - 1,
+                       tag.format.fps, tag.format.size.width, tag.format.size.height, tag.assets,
+                       tag.program);
+}
+
+std::optional<VideoTag> readTag(const std::string& text)
+{
+    VideoTag tag;
+    std::array<char, 17> assets = {};
+    std::array<char, 17> program = {};
+    // What scanf lets pass, such as signs and spaces, does not come out again as it went in.
+    const int fields = std::sscanf(
+        text.c_str(),
+        "vesperal: frames %9d to %9d of %9d to %9d, %9d a second, %9dx%9d, assets %16[0-9a-f], program "
+        "%16[0-9a-f]",
+        &tag.frames.first, &tag.frames.end, &tag.whole.first, &tag.whole.end, &tag.format.fps,
+        &tag.format.size.width, &tag.format.size.height, assets.data(), program.data());
+    ++tag.frames.end;
+    ++tag.whole.end;
+    tag.assets = assets.data();
+    tag.program = program.data();
+    return fields == 9 && writeTag(tag) == text ? std::optional(tag) : std::nullopt;
+}
+
+void Fingerprint::add(std::string_view bytes)
+{
+    const auto mix = [this](unsigned char byte) {
+        state = (state ^ byte) * 0x100000001B3;
+    };
+    for (const char byte : bytes) {
+        mix(static_cast<unsigned char>(byte));
+    }
+    // So that the borders between texts count.
+    for (std::size_t length = bytes.size(), i = 0; i < sizeof length; ++i, length >>= 8) {
+        mix(static_cast<unsigned char>(length));
+    }
+}
+
+std::string Fingerprint::text() const
+{
+    return fmt::format("{:016x}", state);
+}
+
+} // namespace tools
