@@ -1,6 +1,7 @@
 #include "tools/video/video_tag.h"
 
 #include <array>
+#include <cinttypes>
 #include <cstdio>
 #include <fmt/format.h>
 
@@ -20,17 +21,19 @@ std::optional<VideoTag> readTag(const std::string& text)
     std::array<char, 17> assets = {};
     std::array<char, 17> program = {};
     // What scanf lets pass, such as signs and spaces, does not come out again as it went in.
-    const int fields = std::sscanf(
-        text.c_str(),
-        "vesperal: frames %9d to %9d of %9d to %9d, %9d a second, %9dx%9d, assets %16[0-9a-f], program "
-        "%16[0-9a-f]",
-        &tag.frames.first, &tag.frames.end, &tag.whole.first, &tag.whole.end, &tag.format.fps,
-        &tag.format.size.width, &tag.format.size.height, assets.data(), program.data());
+    const int fields =
+        std::sscanf(text.c_str(),
+                    "vesperal: frames %18" SCNd64 " to %18" SCNd64 " of %18" SCNd64 " to %18" SCNd64
+                    ", %9d a second, %9ux%9u, assets %16[0-9a-f], program "
+                    "%16[0-9a-f]",
+                    &tag.frames.first, &tag.frames.end, &tag.whole.first, &tag.whole.end, &tag.format.fps,
+                    &tag.format.size.width, &tag.format.size.height, assets.data(), program.data());
     ++tag.frames.end;
     ++tag.whole.end;
     tag.assets = assets.data();
     tag.program = program.data();
-    return fields == 9 && writeTag(tag) == text ? std::optional(tag) : std::nullopt;
+    const bool isWhole = fields == 9 && tag.assets.size() == 16 && tag.program.size() == 16;
+    return isWhole && writeTag(tag) == text ? std::optional(tag) : std::nullopt;
 }
 
 void Fingerprint::add(std::string_view bytes)
