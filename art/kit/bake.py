@@ -17,7 +17,7 @@ from kit import mesh, parts
 
 THREADS = 2
 DARKEST = 8  # of a channel: pure black means empty in some textures, and the encoder keeps it only there
-GRAIN = 2.5  # levels; hides the steps of 5:6:5 bits in smooth gradients
+GRAIN = 1.6  # levels; hides the steps of 5:6:5 bits in smooth gradients
 STEP = 4  # levels: finer ones than 6 bits the encoder would not keep, and without them the file is a third smaller
 
 
@@ -206,4 +206,4 @@ def save(path, values, grain=GRAIN, darkest=DARKEST, step=STEP, seed=0):
 
 def save_normals(path, values):
     """Writes a normal map: no grain, no floor."""
-    save(path, values, grain=0.0, darkest=0, step=1)
+    save(path, values, grain=0.0, darkest=0)

@@ -20,11 +20,10 @@ FLOOR = -0.2
 
 # The weave is drawn straight into the texture, where all cloth lies upright. Its period is a multiple of the four
 # texels of a compressed block: at half of it the compression makes blots of it.
-PERIOD = 8
-THREAD_HEIGHT = 0.006  # in model units
+PERIOD = 16
+THREAD_HEIGHT = 0.009  # in model units
 FOLD_HEIGHT = 0.08
 THREAD_TONE, FADING = 0.10, 0.30
-GRAIN = 2.0
 
 # part: (colour, how much of the weave it shows, how much of the folds)
 CLOTH = {
@@ -189,7 +188,7 @@ def main():
     lit = bake.resize(light(target), SIZE)
     level = lit.mean(axis=2)
     lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
-    bake.save(os.path.join(FOLDER, "sofa_diff.png"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)), GRAIN)
+    bake.save(os.path.join(FOLDER, "sofa_diff.png"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
     print("sofa_maps: %.0f%% of the texture used, %.0f texels a unit" % (100 * uv.density(target)[0],
                                                                       SIZE * uv.density(target)[1]))
 
