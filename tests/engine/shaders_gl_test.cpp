@@ -1,3 +1,4 @@
+#include "engine/model_loader.h"
 #include "engine/post_shaders.h"
 #include "engine/scene.h"
 #include "engine/shaders/post_vert.h"
@@ -7,6 +8,8 @@
 #include "scenes/shaders/credits_frag.h"
 #include "tests/engine/matrices.h"
 #include "tests/gl/offscreen_renderer.h"
+#include "tests/support/test_assets.h"
+#include "tools/standins/glb_file.h"
 
 #include <GL/glew.h>
 #include <algorithm>
@@ -505,6 +508,70 @@ TEST_F(Bump, FacesTheLightThatItsNormalMapLeansTo)
     EXPECT_GT(left, right + 0.5F);
     EXPECT_THAT(pixel(32, 32), IsPixel(left, right, 0.0F, 1.0F, 2.0F * byteTolerance));
 }
+
+/// How a square's island lies in the picture: where in the model its u grows, and where the picture's top is.
+struct Island {
+    const char* name;
+    glm::vec3 right;
+    glm::vec3 up;
+};
+
+class BumpOf : public Bump, public testing::WithParamInterface<std::tuple<Island, bool>> {
+protected:
+    /// The square again, now through a file and the loader.
+    void load(const Island& island, bool negateV)
+    {
+        tools::Mesh mesh;
+        for (const glm::vec2 corner :
+             {glm::vec2(-2, -2), glm::vec2(2, -2), glm::vec2(2, 2), glm::vec2(-2, 2)}) {
+            const glm::vec3 position(corner, 0.0F);
+            mesh.positions.push_back(position);
+            mesh.normals.emplace_back(0.0F, 0.0F, 1.0F);
+            mesh.uvs.emplace_back(0.5F + glm::dot(position, island.right) / 4.0F,
+                                  0.5F - glm::dot(position, island.up) / 4.0F);
+        }
+        mesh.indices = {0, 1, 2, 0, 2, 3};
+        const ShowFolder folder;
+        folder.write("square.glb", tools::encodeGlb("square", mesh));
+        testing::internal::CaptureStdout();
+        const DisplayObject loaded = loadModel(renderer, folder.asset("square.glb").string(), negateV);
+        testing::internal::GetCapturedStdout();
+        object.modelMatrix = loaded.modelMatrix;
+        object.vertexArray = loaded.vertexArray;
+    }
+};
+
+TEST_P(BumpOf, AnIslandFacesTheLightThatItsReliefLeansTo)
+{
+    const auto& [island, negateV] = GetParam();
+    load(island, negateV);
+    // A bump's left flank as baking writes it: red to the right of the picture, green to its top.
+    const glm::vec3 flank = glm::normalize(glm::vec3(-0.5F, 0.0F, 0.71F));
+    const glm::vec3 texel =
+        (glm::vec3(glm::dot(flank, island.right), glm::dot(flank, island.up), flank.z) + 1.0F) * 127.5F;
+    const auto byte = [](float value) {
+        return static_cast<unsigned char>(std::lround(value));
+    };
+    object.normalTexture = bytes(byte(texel.r), byte(texel.g), byte(texel.b));
+    draw();
+    const glm::vec3 point = pointAt(32, 32);
+    const float left = 0.9F * glm::dot(glm::normalize(glm::vec3(-3.0F, 0.0F, 3.0F) - point), flank);
+    const float right = 0.9F * glm::dot(glm::normalize(glm::vec3(3.0F, 0.0F, 3.0F) - point), flank);
+    EXPECT_GT(left, right + 0.5F);
+    EXPECT_THAT(pixel(32, 32), IsPixel(left, right, 0.0F, 1.0F, 0.02F));
+}
+
+INSTANTIATE_TEST_SUITE_P(Turned, BumpOf,
+                         testing::Combine(testing::Values(Island{"Upright", {1, 0, 0}, {0, 1, 0}},
+                                                          Island{"AQuarterLeft", {0, 1, 0}, {-1, 0, 0}},
+                                                          Island{"UpsideDown", {-1, 0, 0}, {0, -1, 0}},
+                                                          Island{"AQuarterRight", {0, -1, 0}, {1, 0, 0}},
+                                                          Island{"Mirrored", {-1, 0, 0}, {0, 1, 0}}),
+                                          testing::Bool()),
+                         [](const auto& info) {
+                             return std::string(std::get<0>(info.param).name) +
+                                    (std::get<1>(info.param) ? "VNegated" : "");
+                         });
 
 TEST_F(Bump, FacesBothAlikeWithoutAMap)
 {
