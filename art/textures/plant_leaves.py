@@ -15,7 +15,7 @@ from models.bigplant_kit import LEAVES, SIZE, STEM
 
 OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bigplant.png")
 DARKEST = 12  # of a leaf's texel, so that no encoder makes it black
-GRAIN = 2.0
+GRAIN = 1.2
 
 # Colours as on the screen, 0..255: (old leaf, young leaf).
 DEEP = ((58, 116, 66), (104, 152, 64))
