@@ -332,7 +332,7 @@ def picture(surface):
     return pixels[:, :width, 2::-1].copy()
 
 
-def add_grain(pixels, seed, step=3, cell=2):
+def add_grain(pixels, seed, step=3, cell=3):
     """Grain in brightness alone, against bands in gradients.
 
     Three levels (-step, 0, +step) in square cells: a deviation of 0.8 steps that survives 2:1 minification
