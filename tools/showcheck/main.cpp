@@ -1,0 +1,208 @@
+#include "scenes/scene_numbers.h"
+#include "sync/syncdevice.h"
+#include "tools/capture/hidden_window.h"
+#include "tools/capture/progress.h"
+#include "tools/capture/stage.h"
+#include "tools/capture/stage_folder.h"
+#include "tools/capture/values.h"
+#include "tools/common/bar_position.h"
+#include "tools/common/command_line.h"
+#include "tools/common/error.h"
+#include "tools/common/quiet_output.h"
+#include "tools/showcheck/camera_path.h"
+#include "tools/showcheck/findings.h"
+#include "tools/showcheck/flashes.h"
+#include "tools/showcheck/judge_camera.h"
+#include "tools/showcheck/near_plane_probe.h"
+#include "tools/showcheck/picture.h"
+#include "tools/video/frames.h"
+#include "tools/video/video_encoder.h"
+
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fmt/format.h>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const char* examples = R"(Examples:
+  showcheck --assets build/release/show/assets
+  showcheck --from 72 --to 88 --size 480x270
+
+Draws every frame of the show and reads every row of its timeline. A problem is a line on standard error, with where in
+the show it begins; docs/showcheck.md tells what is looked at, and what is allowed.)";
+
+struct Options {
+    std::filesystem::path assets = "assets"; ///< a folder
+    std::string size = "192x108";
+    std::string fps = "24";
+    std::string from = "0";
+    std::string to; ///< empty: the show's end
+};
+
+/// Rows of the timeline from `first` up to but without `end`.
+struct RowRange {
+    std::int32_t first;
+    std::int32_t end;
+};
+
+/// The row that ends the show.
+std::int32_t endOfShow(const tools::Stage& stage)
+{
+    constexpr std::int32_t longestShow = 123'000; // rows: an hour
+    for (std::int32_t row = 0; row < longestShow; ++row) {
+        if (stage.sceneAt(tools::timeOfRow(row)) == scene_numbers::end) {
+            return row;
+        }
+    }
+    throw tools::Error("showcheck", "the track scene ends the show nowhere");
+}
+
+RowRange readRange(const Options& options, const tools::Stage& stage)
+{
+    RowRange range{tools::parseBar(options.from, "--from"), endOfShow(stage)};
+    if (range.first >= range.end) {
+        throw tools::Error("--from " + options.from, "the show is over there");
+    }
+    if (!options.to.empty()) {
+        range.end = std::min(range.end, tools::parseBar(options.to, "--to"));
+    }
+    if (range.first >= range.end) {
+        throw tools::Error("--to " + options.to, "lies not behind --from " + options.from);
+    }
+    return range;
+}
+
+/// Draws each frame and looks at it.
+class Viewer {
+public:
+    Viewer(const std::string& assetsName, const tools::VideoFormat& format)
+        : format(format),
+          window(format.size),
+          probe(window.renderer(), format.size),
+          shown(window, probe, assetsName),
+          meter(format),
+          pixels(std::size_t{3} * format.size.width * format.size.height)
+    {
+    }
+
+    const tools::Stage& stage() const { return shown; }
+
+    void view(tools::FrameRange frames, tools::Findings& findings)
+    {
+        std::vector<tools::Place> places;
+        {
+            tools::Progress progress(frames.count(), 0);
+            for (std::int64_t frame = frames.first; frame < frames.end; ++frame) {
+                places.push_back(viewFrame(frame, findings));
+                progress.step();
+            }
+        }
+        flashes = meter.finish();
+        for (std::size_t i = 0; i < flashes.size(); ++i) {
+            findings.add(tools::Check::Flashes, places[i], flashes[i], tools::mostBadness);
+        }
+        printWorstSeconds(places);
+    }
+
+private:
+    tools::Place viewFrame(std::int64_t frame, tools::Findings& findings)
+    {
+        const double time = tools::timeOfFrame(frame, format.fps);
+        const float scene = shown.sceneAt(time);
+        const tools::Place place{frame, time, scene};
+        shown.show(scene, time);
+        tools::judgeNearPlane(tools::measureNearPlane(format.size, probe.depths()), place, findings);
+        window.readRows(pixels);
+        tools::judgePicture(tools::measurePicture(format.size, pixels), place, findings);
+        meter.add(pixels);
+        return place;
+    }
+
+    /// The seconds that flash most, none within another.
+    void printWorstSeconds(const std::vector<tools::Place>& places) const
+    {
+        constexpr std::size_t count = 5;
+        std::vector<std::size_t> order(flashes.size());
+        std::iota(order.begin(), order.end(), 0U);
+        std::stable_sort(order.begin(), order.end(),
+                         [this](std::size_t a, std::size_t b) { return flashes[a] > flashes[b]; });
+        std::vector<double> told;
+        for (const std::size_t i : order) {
+            const double time = places[i].time;
+            if (told.size() < count && std::none_of(told.begin(), told.end(), [time](double other) {
+                    return std::abs(other - time) < 1.0;
+                }))
+            {
+                told.push_back(time);
+                fmt::print("{:.2f} flashes in the second before {:.2f} s, {}\n", flashes[i], time,
+                           scene_numbers::nameOf(places[i].scene));
+            }
+        }
+    }
+
+    tools::VideoFormat format;
+    tools::HiddenWindow window;
+    tools::NearPlaneProbe probe;
+    tools::Stage shown;
+    tools::FlashMeter meter;
+    std::vector<std::uint8_t> pixels;
+    std::vector<double> flashes;
+};
+
+tools::Findings check(const Options& options)
+{
+    const tools::VideoFormat format{tools::parsePictureSize("--size", options.size),
+                                    tools::parseFps(options.fps)};
+    const tools::QuietOutput quiet;
+    const tools::StageFolder folder(options.assets, {});
+    Viewer viewer(options.assets.string(), format);
+    const RowRange rows = readRange(options, viewer.stage());
+
+    tools::Findings findings;
+    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    // With the rows beside, as a cut shows only there.
+    tools::judgeCamera(tools::readCameraPath(sync, std::max(rows.first - 1, 0), rows.end + 1), findings);
+    viewer.view(
+        {tools::firstFrameOfRow(rows.first, format.fps), tools::firstFrameOfRow(rows.end, format.fps)},
+        findings);
+    return findings;
+}
+
+void run(const Options& options)
+{
+    tools::checkFfmpeg();
+    const tools::Findings findings = check(options);
+    for (const std::string& line : findings.summary()) {
+        fmt::print("{}\n", line);
+    }
+    std::fflush(stdout); // before what is said last
+    const std::vector<std::string> problems = findings.problems();
+    for (const std::string& problem : problems) {
+        fmt::print(stderr, "{}\n", problem);
+    }
+    if (!problems.empty()) {
+        throw tools::Error("showcheck", fmt::format("{} {}", problems.size(),
+                                                    problems.size() == 1 ? "problem" : "problems"));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    CLI::App app("Looks at all of the show for what would disturb a viewer.", "showcheck");
+    app.add_option("--assets", options.assets, "folder of models, pack and tracks (assets)");
+    app.add_option("--size", options.size, "WIDTHxHEIGHT of the frames, in pixels (192x108)");
+    app.add_option("--fps", options.fps, "frames a second, 24 to 120 (24, as the player shows)");
+    app.add_option("--from", options.from, "BAR, BAR:BEAT or BAR:BEAT:ROW where it starts (0)");
+    app.add_option("--to", options.to, "and where it ends (with the show)");
+    app.footer(examples);
+    return tools::runTool(app, argc, argv, [&options] { run(options); });
+}

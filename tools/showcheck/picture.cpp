@@ -1,0 +1,107 @@
+#include "tools/showcheck/picture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace tools {
+
+namespace {
+
+constexpr std::size_t blackBelow = 10; // luminance: the cleared frame has 3, the darkest wall of the room 20
+constexpr std::size_t tones = 12;      // neighbouring luminances that look alike
+
+/// How many pixels there are of each luminance.
+using Histogram = std::array<std::uint32_t, 256>;
+
+Histogram luminances(Size size, std::span<const std::uint8_t> pixels)
+{
+    const SeenRows rows = seenRows(size);
+    const std::size_t rowBytes = std::size_t{3} * size.width;
+    Histogram histogram{};
+    for (std::size_t i = rows.first * rowBytes; i < rows.end * rowBytes; i += 3) {
+        // BT.709, in 256ths.
+        ++histogram[(54U * pixels[i] + 183U * pixels[i + 1] + 19U * pixels[i + 2]) / 256];
+    }
+    return histogram;
+}
+
+double shareOf(std::uint32_t count, double total)
+{
+    return static_cast<double>(count) / total;
+}
+
+} // namespace
+
+SeenRows seenRows(Size size)
+{
+    // As the shader of the bars has it: a row is seen if its middle is.
+    const double bar = std::max((size.height - size.width * 27.0 / 64.0) / 2.0, 0.0);
+    const auto first = static_cast<std::uint32_t>(std::ceil(bar - 0.5));
+    return {first, size.height - first};
+}
+
+PictureStatistics measurePicture(Size size, std::span<const std::uint8_t> pixels)
+{
+    const Histogram histogram = luminances(size, pixels);
+    const auto* const begin = histogram.begin();
+    const double total = std::accumulate(begin, histogram.end(), 0.0);
+    PictureStatistics found;
+    for (std::size_t i = 0; i < histogram.size(); ++i) {
+        found.mean += static_cast<double>(i) * shareOf(histogram[i], total);
+    }
+    double variance = 0.0;
+    for (std::size_t i = 0; i < histogram.size(); ++i) {
+        const double difference = static_cast<double>(i) - found.mean;
+        variance += difference * difference * shareOf(histogram[i], total);
+    }
+    found.deviation = std::sqrt(variance);
+    found.black = shareOf(std::accumulate(begin, begin + blackBelow, 0U), total);
+    for (const auto* i = begin; i + tones <= histogram.end(); ++i) {
+        found.commonestTone =
+            std::max(found.commonestTone, shareOf(std::accumulate(i, i + tones, 0U), total));
+    }
+    return found;
+}
+
+void judgePicture(const PictureStatistics& picture, const Place& place, Findings& findings,
+                  const PictureLimits& limits)
+{
+    findings.add(Check::Brightness, place, picture.mean, limits.leastMean);
+    findings.add(Check::Black, place, 100.0 * picture.black, 100.0 * limits.mostBlack);
+    findings.add(Check::Contrast, place, picture.deviation, limits.leastDeviation);
+    findings.add(Check::OneTone, place, 100.0 * picture.commonestTone, 100.0 * limits.mostOfOneTone);
+}
+
+NearPlaneCut measureNearPlane(Size size, std::span<const std::uint16_t> depths)
+{
+    const SeenRows rows = seenRows(size);
+    const std::uint32_t height = rows.end - rows.first;
+    const std::uint32_t above = height / 3; // the middle, and as much below it
+    const std::uint32_t beside = size.width / 3;
+    const std::uint32_t middleHeight = height - 2 * above;
+    const std::uint32_t middleWidth = size.width - 2 * beside;
+    std::uint32_t whole = 0;
+    std::uint32_t middle = 0;
+    for (std::uint32_t y = 0; y < height; ++y) {
+        const auto row = depths.subspan(std::size_t{rows.first + y} * size.width, size.width);
+        whole += static_cast<std::uint32_t>(std::count(row.begin(), row.end(), 0));
+        if (y >= above && y < above + middleHeight) {
+            const auto part = row.subspan(beside, middleWidth);
+            middle += static_cast<std::uint32_t>(std::count(part.begin(), part.end(), 0));
+        }
+    }
+    const double seen = static_cast<double>(height) * size.width;
+    const double seenInTheMiddle = static_cast<double>(middleHeight) * middleWidth;
+    return {shareOf(whole, seen), shareOf(middle, seenInTheMiddle)};
+}
+
+void judgeNearPlane(const NearPlaneCut& cut, const Place& place, Findings& findings,
+                    const NearPlaneLimits& limits)
+{
+    findings.add(Check::NearPlane, place, 100.0 * cut.whole, 100.0 * limits.mostOfWhole);
+    findings.add(Check::NearPlaneInTheMiddle, place, 100.0 * cut.middle, 100.0 * limits.mostOfMiddle);
+}
+
+} // namespace tools
