@@ -7,6 +7,7 @@
 #include "tools/common/quiet_output.h"
 
 #include <algorithm>
+#include <glm/vec3.hpp>
 #include <gmock/gmock.h>
 #include <string>
 
@@ -16,29 +17,39 @@ namespace {
 
 constexpr tools::Size size = {192, 108};
 
-/// A moment of the show, with tracks of its own.
+/// A scene as its camera sees it; among the people the eye is angle, height and radius.
 struct Moment {
     const char* name;
-    Overrides overrides;
+    glm::vec3 eye;
+    glm::vec3 target;
     float scene;
     bool isCut; ///< by the near plane
 };
 
 // clang-format off
-const Moment moments[] = {
-    {"BottlesBehindText", {{"camera_pos_y", 0.5F}, {"camera_pos_z", 0.2F}, {"camera_tgt_z", 2.0F}},  6.0F, false},
-    {"ToiletBehindText",  {{"camera_pos_y", 0.55F}, {"camera_pos_z", 1.75F}},                        8.0F, false},
-    {"ToiletCutOpen",     {{"camera_pos_y", 0.3F}, {"camera_pos_z", 0.55F}},                         8.0F, true},
-    {"PeopleAmidText",    {{"camera_pos_x", 0.5F}, {"camera_pos_y", 0.5F}, {"camera_pos_z", 2.5F}},  9.0F, false},
-    {"PeopleCutOpen",     {{"camera_pos_x", 0.5F}, {"camera_pos_y", 0.1F}, {"camera_pos_z", 0.9F}},  9.0F, true},
-    {"Credits",           {},                                                                        5.0F, false},
+constexpr Moment moments[] = {
+    // name               eye                     target               scene cut
+    {"BottlesBehindText", {0.0F, 0.50F, 0.20F},   {0.0F, 0.0F, 2.0F},  6.0F, false},
+    {"ToiletBehindText",  {0.0F, 0.55F, 1.75F},   {0.0F, 0.2F, 0.0F},  8.0F, false},
+    {"ToiletCutOpen",     {0.0F, 0.30F, 0.55F},   {0.0F, 0.2F, 0.0F},  8.0F, true},
+    {"PeopleAmidText",    {0.5F, 0.50F, 2.50F},   {0.0F, 0.3F, 0.0F},  9.0F, false},
+    {"PeopleCutOpen",     {0.5F, 0.10F, 0.90F},   {0.0F, 0.1F, 0.0F},  9.0F, true},
+    {"Credits",           {0.0F, 0.00F, 0.00F},   {0.0F, 0.0F, 0.0F},  5.0F, false},
 };
 // clang-format on
+
+/// The camera's tracks, which the show's own timeline is not to have a say in.
+Overrides tracksOf(const Moment& moment)
+{
+    return {{"camera_pos_x", moment.eye.x},    {"camera_pos_y", moment.eye.y},
+            {"camera_pos_z", moment.eye.z},    {"camera_tgt_x", moment.target.x},
+            {"camera_tgt_y", moment.target.y}, {"camera_tgt_z", moment.target.z}};
+}
 
 class NearPlaneProbe : public testing::TestWithParam<Moment> {
 protected:
     tools::QuietOutput quiet;
-    tools::StageFolder folder{SHOW_ASSETS, GetParam().overrides};
+    tools::StageFolder folder{SHOW_ASSETS, tracksOf(GetParam())};
     tools::HiddenWindow window{size};
     tools::NearPlaneProbe probe{window.renderer(), size};
 };

@@ -105,6 +105,14 @@ TEST_F(ShowcheckCommand, LooksAtPartsOfAShow)
     EXPECT_EQ(showcheck("--to 0:1").status, 1);
 }
 
+TEST_F(ShowcheckCommand, KnowsTheCutAtTheEndOfAPart)
+{
+    // Moves until the last row of the first shot, which is where it ends only by the cut behind.
+    writeTrack("camera_pos_x", {{0, 0.0F, SYNC_LINEAR}, {15, 0.1F, SYNC_STEP}, {16, 0.0F, SYNC_STEP}});
+    const ToolResult result = showcheck("--to 0:1");
+    EXPECT_EQ(result.status, 0) << result.error;
+}
+
 TEST_F(ShowcheckCommand, NeedsAnEnd)
 {
     writeTrack("scene", {{0, bottle, SYNC_STEP}});
