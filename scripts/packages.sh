@@ -13,7 +13,7 @@ lint_packages=(clang-format clang-tidy shellcheck)
 # shellcheck disable=SC2034  # used by art/build
 art_packages=(
     bc blender csound ffmpeg fonts-bebas-neue fonts-league-spartan fonts-leckerli-one fonts-yanone-kaffeesatz
-    gir1.2-pango-1.0 optipng python3-gi python3-gi-cairo python3-numpy python3-openvdb python3-pil vorbis-tools)
+    gir1.2-pango-1.0 optipng python3-gi python3-gi-cairo python3-numpy python3-openvdb python3-pil vorbis-tools zopfli)
 
 # require PACKAGE...: installs those that are missing, having said which.
 require() {

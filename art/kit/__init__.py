@@ -1,4 +1,5 @@
-"""What the scripts of the models and textures have in common. Runs in Blender's Python, without a window.
+"""What the scripts of the models and textures have in common. Runs in Blender's Python, without a window;
+only `png` does without Blender.
 
 All lengths and places are those of the show: x to the right, y up, z towards the viewer. Blender's own axes are other
 ones, but nothing here depends on them: a mesh is built as the show wants it, and only a saved .blend file turns it, so

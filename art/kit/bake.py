@@ -5,7 +5,6 @@ Light and colour are baked apart: light is smooth and may be denoised, colour ha
 """
 
 import os
-import subprocess
 import tempfile
 
 import bpy
@@ -13,7 +12,7 @@ import numpy as np
 from mathutils import Vector
 from PIL import Image, ImageDraw
 
-from kit import mesh, parts
+from kit import mesh, parts, png
 
 THREADS = 2
 DARKEST = 8  # of a channel: pure black means empty in some textures, and the encoder keeps it only there
@@ -199,7 +198,7 @@ def save(path, values, grain=GRAIN, darkest=DARKEST, step=STEP, seed=0):
     handle, aside = tempfile.mkstemp(suffix=".png", prefix=".bake-", dir=os.path.dirname(path))
     os.close(handle)
     Image.fromarray(pixels).save(aside)
-    subprocess.run(["optipng", "-quiet", "-o2", aside], check=True)
+    png.crush(aside)
     os.chmod(aside, 0o644)
     os.replace(aside, path)
 

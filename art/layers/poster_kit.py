@@ -23,6 +23,9 @@ except (ImportError, ValueError) as missing:
     sys.exit(f"{os.path.basename(sys.argv[0])}: a Python module that draws the poster is missing: {missing} "
              "(packages python3-gi, python3-gi-cairo, gir1.2-pango-1.0, python3-numpy, python3-pil)")
 
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
+from kit import png  # noqa: E402
+
 
 class PosterError(Exception):
     """Something outside the program is wrong; the text says what, in one sentence."""
@@ -351,7 +354,8 @@ def save_png(pixels, path):
     try:
         handle, aside = tempfile.mkstemp(suffix=".png", prefix=".poster-", dir=os.path.dirname(os.path.abspath(path)))
         with os.fdopen(handle, "wb") as out:
-            Image.fromarray(pixels).save(out, "PNG", optimize=True)
+            Image.fromarray(pixels).save(out, "PNG")
+        png.crush(aside)
         os.chmod(aside, 0o644)
         os.replace(aside, path)
         aside = None

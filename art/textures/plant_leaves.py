@@ -5,12 +5,11 @@ reach the foot of the leaf.
 """
 
 import os
-import subprocess
 
 import bpy
 import numpy as np
 
-from kit import bake
+from kit import bake, png
 from models.bigplant_kit import LEAVES, SIZE, STEM
 
 OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bigplant.png")
@@ -164,7 +163,7 @@ def save(picture, path):
     image.pixels.foreach_set(texels.ravel())
     image.filepath_raw, image.file_format = path, "PNG"
     image.save()
-    subprocess.run(["optipng", "-o2", "-quiet", path], check=True)
+    png.crush(path)
 
 
 def main():

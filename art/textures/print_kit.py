@@ -1,13 +1,12 @@
 """What printed things have in common: drawn from above in texels, then shaded by the light that their shape lets in."""
 
 import os
-import subprocess
 
 import bpy
 import cairo
 import numpy as np
 
-from kit import bake, model
+from kit import bake, model, png
 from layers import poster_kit as poster
 
 SIZE = 2048
@@ -68,4 +67,4 @@ def save(pixels, name, seed):
     grained = poster.add_grain(np.clip(np.rint(pixels), 0, 255).astype(np.int16), seed)
     coarse = np.clip((grained + bake.STEP // 2) // bake.STEP * bake.STEP, DARKEST, 252)
     poster.save_png(coarse.astype(np.uint8), path)
-    subprocess.run(["optipng", "-quiet", "-o2", path], check=True)
+    png.crush(path)
