@@ -55,7 +55,7 @@ build() {
     local progress=(cat)
     [[ -t 1 ]] || progress=(sed -un '/^\[[0-9]*[05]0\/[0-9]*\]/p') # in a log, a line for every 50 steps
     if ! cmake --build --preset "$preset" --target "$target" 2>&1 | tee "$log" | "${progress[@]}"; then
-        grep -v '^\[' "$log" | head -n 60 >&2
+        grep -v '^\[' "$log" | sed -n '1,60p' >&2
         fail "the $preset build failed; all it said is in $log"
     fi
 }
