@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/forwarding_renderer.h"
+#include "tools/common/forwarding_renderer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +14,7 @@
 // Renderers with one thing wrong each, for tests that are to see that a picture is wrong.
 
 /// Counts how often it did harm: one that met nothing to harm has shown nothing.
-class Defect : public ForwardingRenderer {
+class Defect : public tools::ForwardingRenderer {
 public:
     using ForwardingRenderer::ForwardingRenderer;
 

@@ -109,7 +109,7 @@ protected:
 TEST_F(GoldenPictures, PassAsTheyAre)
 {
     tools::HiddenWindow window(stillSize);
-    ForwardingRenderer renderer(window.renderer());
+    tools::ForwardingRenderer renderer(window.renderer());
     StillStage stage(window, renderer, SHOW_ASSETS);
     for (const Still& still : stills()) {
         EXPECT_EQ(check(still, stage.draw(still)), "");

@@ -1,4 +1,6 @@
-#include "tests/support/forwarding_renderer.h"
+#include "tools/common/forwarding_renderer.h"
+
+namespace tools {
 
 void ForwardingRenderer::clear(float r, float g, float b)
 {
@@ -138,3 +140,5 @@ void ForwardingRenderer::framebufferRenderbuffer(zund::FrameBuffer frameBuffer,
 {
     target.framebufferRenderbuffer(frameBuffer, renderBuffer);
 }
+
+} // namespace tools

@@ -2,6 +2,8 @@
 
 #include "gl/renderer.h"
 
+namespace tools {
+
 /// A renderer that hands everything on to another one, for those that are to change or watch a little of it.
 class ForwardingRenderer : public zund::Renderer {
 public:
@@ -44,3 +46,5 @@ public:
 private:
     zund::Renderer& target;
 };
+
+} // namespace tools
