@@ -42,7 +42,7 @@ Pattern parsePattern(std::string_view rest, std::size_t line)
     if (fields.size() != 3) {
         throw std::invalid_argument("expected 'repeat from, to, every'");
     }
-    const Pattern pattern = {parseRow(fields[0]), parseRow(fields[1]), parseRow(fields[2]), line, {}};
+    Pattern pattern = {parseRow(fields[0]), parseRow(fields[1]), parseRow(fields[2]), line, {}};
     if (pattern.every <= 0) {
         throw std::invalid_argument(fmt::format("it cannot repeat every {} rows", pattern.every));
     }
