@@ -2,6 +2,7 @@
 #include "tools/common/error.h"
 #include "tools/modelcheck/budget.h"
 #include "tools/modelcheck/check_model.h"
+#include "tools/modelcheck/dump.h"
 #include "tools/modelcheck/imported_mesh.h"
 #include "tools/modelcheck/model_rules.h"
 #include "tools/modelcheck/report.h"
@@ -22,6 +23,7 @@ constexpr const char* examples = R"(Examples:
   modelcheck --verbose assets/sofa.glb
   modelcheck --any-name draft.glb
   modelcheck --budget assets/*.glb
+  modelcheck --dump assets/*.glb >before.txt
 
 NAME.glb is checked as the show's model NAME: tools/modelcheck/model_rules.cpp says how each has to fit. Places are
 in the model's own units. Each problem is a line on standard error.)";
@@ -30,6 +32,7 @@ struct Options {
     std::vector<std::filesystem::path> files;
     bool anyName = false;
     bool budget = false;
+    bool dump = false;
     bool verbose = false;
 };
 
@@ -114,8 +117,19 @@ private:
     std::size_t badFiles = 0;
 };
 
+void dump(const Options& options)
+{
+    for (const std::filesystem::path& file : options.files) {
+        fmt::print("{}\n{}", file.filename().string(), tools::dump(tools::importModel(file)));
+    }
+}
+
 void run(const Options& options)
 {
+    if (options.dump) {
+        dump(options);
+        return;
+    }
     Run run(options);
     fmt::print("{}", tools::tableHead());
     for (const std::filesystem::path& file : options.files) {
@@ -137,6 +151,7 @@ int main(int argc, char** argv)
     app.add_option("FILE", options.files, "NAME.glb, binary glTF with one mesh")->required();
     app.add_flag("--any-name", options.anyName, "allow models that the show does not have");
     app.add_flag("--budget", options.budget, "add up what the files cost, and fail where that is too much");
+    app.add_flag("--dump", options.dump, "print all numbers of the meshes, and check nothing");
     app.add_flag("-v,--verbose", options.verbose, "print all that was measured");
     app.footer(examples);
     return tools::runTool(app, argc, argv, [&options] { run(options); });
