@@ -8,7 +8,7 @@ build_packages=(
     libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
 # shellcheck disable=SC2034  # used by play
 video_packages=(ffmpeg)
-test_packages=(ffmpeg libgmock-dev libgtest-dev python3-numpy vorbis-tools)
+test_packages=(ffmpeg libgmock-dev libgtest-dev python3-gi python3-numpy vorbis-tools)
 lint_packages=(clang-format clang-tidy shellcheck)
 # shellcheck disable=SC2034  # used by art/build
 art_packages=(

@@ -5,12 +5,14 @@
 #include "tools/standins/model_boxes.h"
 #include "tools/standins/stand_ins.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <limits>
 #include <string>
 
 using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -47,6 +49,17 @@ TEST_F(ModelcheckCommand, TellsAllMeasurementsIfAsked)
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.output, HasSubstr("\n  its root node leaves it where it is\n"));
     EXPECT_THAT(result.output, HasSubstr("\n  0 triangles are wound against their normals\n"));
+}
+
+TEST_F(ModelcheckCommand, DumpsMeshesInPlaceOfCheckingThem)
+{
+    write("some.glb", tools::modelFile("toilet_lid")); // a model that the show does not have
+    const ToolResult result = runTool(modelcheck + " --dump some.glb");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error, "");
+    EXPECT_THAT(result.output, StartsWith("some.glb\nroot 0x1p+0 "));
+    EXPECT_EQ(std::ranges::count(result.output, '\n'), 2 + 24 + 12);
+    EXPECT_EQ(runTool(modelcheck + " --dump some.glb missing.glb").status, 1);
 }
 
 TEST_F(ModelcheckCommand, AddsUpWhatModelsCost)
