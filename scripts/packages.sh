@@ -22,7 +22,7 @@ library_packages=(
     libxfixes-dev libxi-dev libxkbcommon-dev libxrandr-dev libxss-dev wayland-protocols zlib1g-dev)
 
 # shellcheck disable=SC2034  # used by release
-dist_packages=(binutils desktop-file-utils libtree python3 unzip xz-utils zip)
+dist_packages=(binutils desktop-file-utils git libtree python3 unzip xz-utils zip)
 
 # shellcheck disable=SC2034  # used by dist/clean_start
 clean_start_packages=(debootstrap strace xvfb)

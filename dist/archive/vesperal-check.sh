@@ -6,7 +6,7 @@ cd "$folder" || exit
 LC_ALL=C
 export LC_ALL
 
-oldest_glibc=2.35
+oldest_glibc=2.35 # a release knows exactly
 
 say() { printf '%-13s %s\n' "$1" "$2"; }
 

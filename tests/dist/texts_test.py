@@ -24,7 +24,7 @@ def info():
 
 class TheTexts(unittest.TestCase):
     def setUp(self):
-        self.made = texts.make(info(), "7.8", "2031-05")
+        self.made = texts.make(info(), "7.8", "2031-05", "2.99")
 
     def test_diz_is_ten_lines_of_45_columns(self):
         lines = self.made["file_id.diz"].splitlines()
@@ -44,6 +44,8 @@ class TheTexts(unittest.TestCase):
         self.assertIn("vesperal 7.8: ", self.made["README.txt"])
         self.assertIn("2031-05", self.made["vesperal.nfo"])
         self.assertIn("2031-05", self.made["file_id.diz"])
+        self.assertIn("glibc 2.99", self.made["vesperal.nfo"])
+        self.assertIn("GLIBC_2.99", self.made["README.txt"])
         for name, text in self.made.items():
             self.assertNotIn("@", text, name)
 
@@ -66,7 +68,7 @@ class WhatDoesNotFit(unittest.TestCase):
         changed = info()
         changed[key] = value
         with self.assertRaises(texts.Unfit) as caught:
-            texts.make(changed, "1", "2031-05")
+            texts.make(changed, "1", "2031-05", "2.99")
         self.assertIn(sentence, str(caught.exception))
 
     def test_wide_logo(self):
@@ -88,18 +90,18 @@ class TheCommand(unittest.TestCase):
 
     def test_writes_three_files(self):
         with tempfile.TemporaryDirectory() as folder:
-            self.assertEqual(self.run_it("1.0", "2031-05", folder).returncode, 0)
+            self.assertEqual(self.run_it("1.0", "2031-05", "2.99", folder).returncode, 0)
             self.assertEqual(sorted(os.listdir(folder)), ["README.txt", "file_id.diz", "vesperal.nfo"])
 
     def test_says_which_folder_is_missing(self):
-        result = self.run_it("1.0", "2031-05", "/nowhere")
+        result = self.run_it("1.0", "2031-05", "2.99", "/nowhere")
         self.assertEqual(result.returncode, 1)
         self.assertIn("/nowhere/vesperal.nfo", result.stderr)
         self.assertEqual(len(result.stderr.splitlines()), 1)
 
     def test_explains_itself(self):
         self.assertEqual(self.run_it("--help").returncode, 0)
-        self.assertIn("dist/texts VERSION DATE FOLDER", self.run_it("--help").stdout)
+        self.assertIn("dist/texts VERSION DATE GLIBC FOLDER", self.run_it("--help").stdout)
         self.assertEqual(self.run_it("1.0").returncode, 1)
 
 
