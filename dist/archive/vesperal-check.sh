@@ -117,7 +117,7 @@ probe() {
 
 check_window() {
     session=${WAYLAND_DISPLAY:+Wayland $WAYLAND_DISPLAY}
-    session=${session:+$session, }${DISPLAY:+X11 $DISPLAY}
+    session=$session${DISPLAY:+${session:+, }X11 $DISPLAY}
     say windows "${session:-no window system}${probed:+ ($(found video))}"
     if [ -z "$session" ] || [ "$(found video)" = offscreen ] || [ "$(found video)" = dummy ]; then
         because "there is no window system to show it in: start it inside a desktop"

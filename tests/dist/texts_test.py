@@ -52,7 +52,7 @@ class TheTexts(unittest.TestCase):
     def test_all_three_tell_of_the_same_show(self):
         for need in info()["needs"]:
             for name in ("vesperal.nfo", "README.txt"):
-                self.assertIn(" ".join(need.split()), " ".join(self.made[name].split()), name)
+                self.assertIn(need.replace("@GLIBC@", "2.99"), " ".join(self.made[name].split()), name)
         for line in info()["logo"].strip("\n").split("\n"):
             for name in ("vesperal.nfo", "file_id.diz"):
                 self.assertIn(line, self.made[name], name)
