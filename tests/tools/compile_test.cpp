@@ -8,7 +8,6 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::ThrowsMessage;
 using tools::compileTracks;
 using tools::Error;
