@@ -116,10 +116,10 @@ probe() {
 }
 
 check_window() {
-    session=${WAYLAND_DISPLAY:+Wayland $WAYLAND_DISPLAY}
-    session=$session${DISPLAY:+${session:+, }X11 $DISPLAY}
-    say windows "${session:-no window system}${probed:+ ($(found video))}"
-    if [ -z "$session" ] || [ "$(found video)" = offscreen ] || [ "$(found video)" = dummy ]; then
+    desktop=${WAYLAND_DISPLAY:+Wayland $WAYLAND_DISPLAY}
+    desktop=$desktop${DISPLAY:+${desktop:+, }X11 $DISPLAY}
+    say windows "${desktop:-no window system}${probed:+ ($(found video))}"
+    if [ -z "$desktop" ] || [ "$(found video)" = offscreen ] || [ "$(found video)" = dummy ]; then
         because "there is no window system to show it in: start it inside a desktop"
     elif [ -n "$(found video_error)" ]; then
         because "no window can be opened: $(found video_error)"
