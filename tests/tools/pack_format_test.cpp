@@ -14,7 +14,6 @@ using testing::ThrowsMessage;
 using testing::ValuesIn;
 using tools::encodePack;
 using tools::Error;
-using tools::PackInput;
 using tools::packOffsets;
 using tools::readPackTable;
 

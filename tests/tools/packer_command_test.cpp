@@ -24,7 +24,7 @@ protected:
     /// Writes two pictures, a.png and b.png, and gives the first.
     static RgbImage writePictures()
     {
-        const RgbImage first = makePicture({64, 32}, 1);
+        RgbImage first = makePicture({64, 32}, 1);
         write("a.png", encodePng(first));
         write("b.png", encodePng(makePicture({16, 16}, 2)));
         return first;
