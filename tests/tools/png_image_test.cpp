@@ -21,21 +21,23 @@ using namespace std::string_view_literals;
 
 struct Kind {
     const char* name;
-    PngKind kind;
     std::string_view pixels; ///< of 2x1 texels
+    PngKind kind;
     std::uint8_t decoded[6];
 };
 
 // clang-format off
+// NOLINTBEGIN(modernize-raw-string-literal): these are bytes
 constexpr Kind kinds[] = {
-    {"Rgb",             {2, 8}, "\1\2\3\4\5\6"sv,        {1, 2, 3, 4, 5, 6}},
-    {"RgbaWithoutIts",  {6, 8}, "\1\2\3\0\4\5\6\x80"sv,  {1, 2, 3, 4, 5, 6}},
-    {"Grey",            {0, 8}, "\7\x50"sv,              {7, 7, 7, 80, 80, 80}},
-    {"GreyAlpha",       {4, 8}, "\7\0\x50\xFF"sv,        {7, 7, 7, 80, 80, 80}},
-    {"GreyOfOneBit",    {0, 1}, "\x40"sv,                {0, 0, 0, 255, 255, 255}},
-    {"Palette",         {3, 8}, "\0\5"sv,                {0, 0, 0, 5, 10, 15}},
-    {"PaletteOf4Bits",  {3, 4}, "\x2F"sv,                {2, 4, 6, 15, 30, 45}},
+    {"Rgb",             "\1\2\3\4\5\6"sv,        {2, 8}, {1, 2, 3, 4, 5, 6}},
+    {"RgbaWithoutIts",  "\1\2\3\0\4\5\6\x80"sv,  {6, 8}, {1, 2, 3, 4, 5, 6}},
+    {"Grey",            "\7\x50"sv,              {0, 8}, {7, 7, 7, 80, 80, 80}},
+    {"GreyAlpha",       "\7\0\x50\xFF"sv,        {4, 8}, {7, 7, 7, 80, 80, 80}},
+    {"GreyOfOneBit",    "\x40"sv,                {0, 1}, {0, 0, 0, 255, 255, 255}},
+    {"Palette",         "\0\5"sv,                {3, 8}, {0, 0, 0, 5, 10, 15}},
+    {"PaletteOf4Bits",  "\x2F"sv,                {3, 4}, {2, 4, 6, 15, 30, 45}},
 };
+// NOLINTEND(modernize-raw-string-literal)
 // clang-format on
 
 class PngKinds : public TestWithParam<Kind> {};
