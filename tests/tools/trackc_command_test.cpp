@@ -52,8 +52,10 @@ TEST_F(TrackcCommand, DumpsTheTextForm)
 TEST_F(TrackcCommand, CompilesADumpToTheSameBytes)
 {
     std::mt19937 random(3);
+    constexpr int count = 200;
     std::vector<sync_key> keys;
-    for (int i = 0; i < 200; ++i) {
+    keys.reserve(count);
+    for (int i = 0; i < count; ++i) {
         keys.push_back(
             {i * 37 - 500, std::ldexp(static_cast<float>(random()), -20), static_cast<int>(random() % 4)});
     }
