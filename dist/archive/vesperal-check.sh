@@ -17,6 +17,9 @@ because() { reasons="${reasons:+$reasons, and }$1"; }
 # joined LINES...: in one line.
 joined() { printf '%s\n' "$@" | tr -s '\n' ' ' | sed 's/^ //; s/ $//'; }
 
+# because_of SENTENCE LINES: the same, if there are any lines; they end the sentence.
+because_of() { [ -z "$2" ] || because "$1 $(joined "$2")"; }
+
 has() { command -v "$1" >/dev/null 2>&1; }
 
 # older A B: whether version A comes before version B. Both are NUMBER.NUMBER.
@@ -46,12 +49,8 @@ check_files() {
     if has sha256sum; then
         damaged=$(sha256sum -c SHA256SUMS 2>/dev/null | sed -n 's/: FAILED$//p')
     fi
-    if [ -n "$missing" ]; then
-        because "these files are missing: $(joined "$missing")"
-    fi
-    if [ -n "$damaged" ]; then
-        because "these files are damaged: $(joined "$damaged")"
-    fi
+    because_of "these files are missing:" "$missing"
+    because_of "these files are damaged:" "$damaged"
     if [ -n "$missing$damaged" ]; then
         say files "not as they were made: $(joined "$missing" "$damaged")"
     elif has sha256sum; then
@@ -86,12 +85,8 @@ check_libraries() {
     absent=$(echo "$listed" | sed -n 's/^[[:space:]]*\([^ ]*\) => not found.*/\1/p' | sort -u)
     # /usr/lib/libstdc++.so.6: version `GLIBCXX_3.4.30' not found (required by ./vesperal)
     versions=$(echo "$listed" | sed -n "s/.*version \`\([^']*\)' not found.*/\1/p" | sort -u)
-    if [ -n "$absent" ]; then
-        because "these libraries of the system are missing: $(joined "$absent")"
-    fi
-    if [ -n "$versions" ]; then
-        because "libraries of the system are too old; what is missing is $(joined "$versions")"
-    fi
+    because_of "these libraries of the system are missing:" "$absent"
+    because_of "libraries of the system are too old; what is missing is" "$versions"
     if [ -n "$absent$versions" ]; then
         say libraries "missing: $(joined "$absent" "$versions")"
     else
@@ -159,9 +154,7 @@ check_audio() {
     [ -z "$server" ] && [ -e "${ASOUND:-/proc/asound}/cards" ] && server="none, ALSA alone"
     driver=$(found audio)
     say audio "${server:-no server}${driver:+; it opens through $driver}"
-    if [ -n "$(found audio_error)" ]; then
-        because "no sound device opens: $(found audio_error)"
-    fi
+    because_of "no sound device opens:" "$(found audio_error)"
 }
 
 check_system
