@@ -59,7 +59,7 @@ void Scene::setSkyboxColor(glm::vec3 color)
     skyboxColor = color;
 }
 
-void Scene::setBackground(zund::Renderer& renderer, char const* fragmentSource)
+void Scene::setBackground(zund::Renderer& renderer, const char* fragmentSource)
 {
     const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, post_vert);
     const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, fragmentSource);

@@ -11,18 +11,18 @@ DefaultMaterial::DefaultMaterial(zund::Renderer& renderer, float aspect)
 {
 }
 
-std::vector<zund::UniformCommand> DefaultMaterial::getUniformCommands(glm::mat4 const& worldToView,
-                                                                      DisplayObject const& object,
-                                                                      DisplayListItem const& item,
-                                                                      std::vector<Light> const& /*lights*/,
+std::vector<zund::UniformCommand> DefaultMaterial::getUniformCommands(const glm::mat4& worldToView,
+                                                                      const DisplayObject& object,
+                                                                      const DisplayListItem& item,
+                                                                      const std::vector<Light>& /*lights*/,
                                                                       double /*time*/)
 {
     return uniforms.getCommands(aspect, worldToView, object, item);
 }
 
 std::vector<zund::UniformArrayCommand>
-DefaultMaterial::getUniformArrayCommands(DisplayObject const& /*object*/, DisplayListItem const& /*item*/,
-                                         std::vector<Light> const& lights, double /*time*/)
+DefaultMaterial::getUniformArrayCommands(const DisplayObject& /*object*/, const DisplayListItem& /*item*/,
+                                         const std::vector<Light>& lights, double /*time*/)
 {
     return uniforms.getArrayCommands(lights);
 }

@@ -12,11 +12,11 @@ public:
     DefaultMaterial(zund::Renderer& renderer, float aspect);
 
     std::vector<zund::UniformCommand>
-    getUniformCommands(glm::mat4 const& worldToView, DisplayObject const& object, DisplayListItem const& item,
-                       std::vector<Light> const& lights, double time) override;
-    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(DisplayObject const& object,
-                                                                   DisplayListItem const& item,
-                                                                   std::vector<Light> const& lights,
+    getUniformCommands(const glm::mat4& worldToView, const DisplayObject& object, const DisplayListItem& item,
+                       const std::vector<Light>& lights, double time) override;
+    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(const DisplayObject& object,
+                                                                   const DisplayListItem& item,
+                                                                   const std::vector<Light>& lights,
                                                                    double time) override;
 
 private:

@@ -15,7 +15,7 @@ struct Placement {
     glm::vec3 scale{1.0F};
 };
 
-glm::mat4 compose(Placement const& placement)
+glm::mat4 compose(const Placement& placement)
 {
     const glm::mat4 moved = glm::translate(glm::mat4(1.0F), placement.position);
     const glm::mat4 scaled = glm::scale(moved, placement.scale);
@@ -24,7 +24,7 @@ glm::mat4 compose(Placement const& placement)
 
 /// Exact up to rounding for uniform scales only: it takes the matrix as turned after it was scaled. What
 /// can't be taken apart gives the placement that changes nothing.
-Placement decompose(glm::mat4 const& matrix)
+Placement decompose(const glm::mat4& matrix)
 {
     Placement placement;
     glm::vec3 skew;
@@ -35,20 +35,20 @@ Placement decompose(glm::mat4 const& matrix)
 
 } // namespace
 
-DisplayListItem::DisplayListItem(std::string objectName, glm::vec3 const& position,
-                                 glm::quat const& orientation, glm::vec3 const& scale)
+DisplayListItem::DisplayListItem(std::string objectName, const glm::vec3& position,
+                                 const glm::quat& orientation, const glm::vec3& scale)
     : objectName(std::move(objectName)), localMatrix(compose({position, orientation, scale}))
 {
 }
 
-void DisplayListItem::setPosition(glm::vec3 const& position)
+void DisplayListItem::setPosition(const glm::vec3& position)
 {
     Placement placement = decompose(localMatrix);
     placement.position = position;
     localMatrix = compose(placement);
 }
 
-void DisplayListItem::setOrientation(glm::quat const& orientation)
+void DisplayListItem::setOrientation(const glm::quat& orientation)
 {
     Placement placement = decompose(localMatrix);
     placement.orientation = orientation;

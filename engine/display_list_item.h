@@ -14,11 +14,11 @@ namespace lumeth {
 /// rounding; they need a scale that is not zero on any axis.
 struct DisplayListItem {
     /// The quaternion is taken as it is, not normalised: all zeros turn nothing.
-    DisplayListItem(std::string objectName, glm::vec3 const& position, glm::quat const& orientation,
-                    glm::vec3 const& scale);
+    DisplayListItem(std::string objectName, const glm::vec3& position, const glm::quat& orientation,
+                    const glm::vec3& scale);
 
-    void setPosition(glm::vec3 const& position);
-    void setOrientation(glm::quat const& orientation);
+    void setPosition(const glm::vec3& position);
+    void setOrientation(const glm::quat& orientation);
     void setVisible(bool visible);
 
     std::string objectName;      ///< in the scene's object table; empty: a pure transform

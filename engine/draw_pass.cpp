@@ -9,7 +9,7 @@ namespace lumeth {
 void Scene::draw(zund::Renderer& renderer, double time)
 {
     std::vector<zund::DrawCommand> commands;
-    for (PostProcessing::Pass const& pass : passes) {
+    for (const PostProcessing::Pass& pass : passes) {
         zund::DrawCommand clearPass;
         clearPass.clear = true;
         clearPass.frameBuffer = pass.frameBuffer;
@@ -39,14 +39,14 @@ void Scene::draw(zund::Renderer& renderer, double time)
     renderer.render(commands);
 }
 
-zund::DrawCommand Scene::drawDisplayItem(glm::mat4 const& worldToView, DisplayListItem const& item,
-                                         zund::FrameBuffer const& frameBuffer, double time)
+zund::DrawCommand Scene::drawDisplayItem(const glm::mat4& worldToView, const DisplayListItem& item,
+                                         const zund::FrameBuffer& frameBuffer, double time)
 {
     const auto found = objects.find(item.objectName);
     if (found == objects.end()) {
         throw std::out_of_range("_Map_base::at"); // what `at` says differs by library
     }
-    DisplayObject const& object = found->second;
+    const DisplayObject& object = found->second;
 
     zund::DrawCommand command;
     command.depthWrite = true;

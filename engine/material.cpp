@@ -2,8 +2,8 @@
 
 namespace lumeth {
 
-Material::Material(zund::Renderer& renderer, char const* vertexSource, char const* fragmentSource,
-                   char const* geometrySource)
+Material::Material(zund::Renderer& renderer, const char* vertexSource, const char* fragmentSource,
+                   const char* geometrySource)
 {
     const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, vertexSource);
     const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, fragmentSource);

@@ -20,16 +20,16 @@ struct DisplayObject;
 class Material {
 public:
     /// Compiles and links. `geometrySource` may be null. Throws what the renderer throws.
-    Material(zund::Renderer& renderer, char const* vertexSource, char const* fragmentSource,
-             char const* geometrySource);
+    Material(zund::Renderer& renderer, const char* vertexSource, const char* fragmentSource,
+             const char* geometrySource);
 
     /// `worldToView` is the camera, `time` the position in the music in seconds.
     virtual std::vector<zund::UniformCommand>
-    getUniformCommands(glm::mat4 const& worldToView, DisplayObject const& object, DisplayListItem const& item,
-                       std::vector<Light> const& lights, double time) = 0;
-    virtual std::vector<zund::UniformArrayCommand> getUniformArrayCommands(DisplayObject const& object,
-                                                                           DisplayListItem const& item,
-                                                                           std::vector<Light> const& lights,
+    getUniformCommands(const glm::mat4& worldToView, const DisplayObject& object, const DisplayListItem& item,
+                       const std::vector<Light>& lights, double time) = 0;
+    virtual std::vector<zund::UniformArrayCommand> getUniformArrayCommands(const DisplayObject& object,
+                                                                           const DisplayListItem& item,
+                                                                           const std::vector<Light>& lights,
                                                                            double time) = 0;
 
     /// Makes it sound to delete a derived material through this class, which has no virtual destructor: the

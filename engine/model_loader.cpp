@@ -12,7 +12,7 @@ namespace {
 constexpr unsigned int importSteps =
     aiProcess_CalcTangentSpace | aiProcess_JoinIdenticalVertices | aiProcess_Triangulate;
 
-void append(std::vector<float>& floats, aiVector3D const& vector)
+void append(std::vector<float>& floats, const aiVector3D& vector)
 {
     floats.push_back(vector.x);
     floats.push_back(vector.y);
@@ -20,7 +20,7 @@ void append(std::vector<float>& floats, aiVector3D const& vector)
 }
 
 /// The mesh that the root node shows; the file holds no other.
-aiMesh const& findMesh(aiScene const& scene)
+const aiMesh& findMesh(const aiScene& scene)
 {
     if (scene.mNumMeshes == 0) {
         throw std::runtime_error("no meshes found!");
@@ -36,7 +36,7 @@ aiMesh const& findMesh(aiScene const& scene)
 }
 
 /// From rows to columns: what the matrix does stays the same.
-glm::mat4 toGlm(aiMatrix4x4 const& m)
+glm::mat4 toGlm(const aiMatrix4x4& m)
 {
     return {m.a1, m.b1, m.c1, m.d1, m.a2, m.b2, m.c2, m.d2, m.a3, m.b3, m.c3, m.d3, m.a4, m.b4, m.c4, m.d4};
 }
@@ -46,11 +46,11 @@ glm::mat4 toGlm(aiMatrix4x4 const& m)
 lumeth::DisplayObject loadModel(zund::Renderer& renderer, const std::string& path, bool negateV)
 {
     Assimp::Importer importer;
-    aiScene const* scene = importer.ReadFile(path, importSteps);
+    const aiScene* scene = importer.ReadFile(path, importSteps);
     if (scene == nullptr) {
         throw std::runtime_error("failed to import model");
     }
-    aiMesh const& mesh = findMesh(*scene);
+    const aiMesh& mesh = findMesh(*scene);
     // The same number twice.
     std::cout << "mesh info:\n"
               << "  vertices: " << mesh.mNumVertices << "\n"
@@ -85,12 +85,12 @@ lumeth::DisplayObject loadModel(zund::Renderer& renderer, const std::string& pat
         throw std::runtime_error("unexpected number of uv components");
     }
     for (unsigned int i = 0; i < mesh.mNumVertices; ++i) {
-        aiVector3D const& uv = mesh.mTextureCoords[0][i];
+        const aiVector3D& uv = mesh.mTextureCoords[0][i];
         uvs.push_back(uv.x);
         uvs.push_back(negateV ? -uv.y : 1.0F - uv.y);
     }
     for (unsigned int i = 0; i < mesh.mNumFaces; ++i) {
-        aiFace const& face = mesh.mFaces[i];
+        const aiFace& face = mesh.mFaces[i];
         indices.insert(indices.end(), face.mIndices, face.mIndices + face.mNumIndices);
     }
 

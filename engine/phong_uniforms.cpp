@@ -15,7 +15,7 @@ constexpr float farPlane = 20.0F;
 
 } // namespace
 
-PhongUniforms::PhongUniforms(zund::Renderer& renderer, zund::ShaderProgram const& program)
+PhongUniforms::PhongUniforms(zund::Renderer& renderer, const zund::ShaderProgram& program)
     : modelToView(renderer.getUniform(program, "modelToView")),
       worldToView(renderer.getUniform(program, "worldToView")),
       projection(renderer.getUniform(program, "projection")),
@@ -37,9 +37,9 @@ PhongUniforms::PhongUniforms(zund::Renderer& renderer, zund::ShaderProgram const
 {
 }
 
-std::vector<zund::UniformCommand> PhongUniforms::getCommands(float aspect, glm::mat4 const& view,
-                                                             DisplayObject const& object,
-                                                             DisplayListItem const& item) const
+std::vector<zund::UniformCommand> PhongUniforms::getCommands(float aspect, const glm::mat4& view,
+                                                             const DisplayObject& object,
+                                                             const DisplayListItem& item) const
 {
     return {
         {modelToView, item.worldMatrix * object.modelMatrix},
@@ -61,7 +61,7 @@ std::vector<zund::UniformCommand> PhongUniforms::getCommands(float aspect, glm::
     };
 }
 
-std::vector<zund::UniformArrayCommand> PhongUniforms::getArrayCommands(std::vector<Light> const& lights) const
+std::vector<zund::UniformArrayCommand> PhongUniforms::getArrayCommands(const std::vector<Light>& lights) const
 {
     std::vector<glm::vec3> positions(LIGHTS_MAX, glm::vec3(0.0F));
     std::vector<glm::vec3> diffuses(LIGHTS_MAX, glm::vec3(0.0F));

@@ -15,15 +15,15 @@ struct DisplayObject;
 /// for one draw. One that the program doesn't use is invalid, and skipped when it is sent.
 struct PhongUniforms {
     /// Looks all of them up, in the order of the fields.
-    PhongUniforms(zund::Renderer& renderer, zund::ShaderProgram const& program);
+    PhongUniforms(zund::Renderer& renderer, const zund::ShaderProgram& program);
 
     /// The matrices, the texture units and the surface constants: fifteen values.
-    std::vector<zund::UniformCommand> getCommands(float aspect, glm::mat4 const& worldToView,
-                                                  DisplayObject const& object,
-                                                  DisplayListItem const& item) const;
+    std::vector<zund::UniformCommand> getCommands(float aspect, const glm::mat4& worldToView,
+                                                  const DisplayObject& object,
+                                                  const DisplayListItem& item) const;
 
     /// Position, diffuse and specular of the first `LIGHTS_MAX` lights, zeros in the slots left over.
-    std::vector<zund::UniformArrayCommand> getArrayCommands(std::vector<Light> const& lights) const;
+    std::vector<zund::UniformArrayCommand> getArrayCommands(const std::vector<Light>& lights) const;
 
     zund::Uniform modelToView;
     zund::Uniform worldToView;

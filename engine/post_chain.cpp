@@ -5,8 +5,8 @@
 
 namespace lumeth {
 
-PostProcessing::Pass Scene::createPostPass(zund::Renderer& renderer, std::pair<int, int> const& size,
-                                           char const* fragmentSource)
+PostProcessing::Pass Scene::createPostPass(zund::Renderer& renderer, const std::pair<int, int>& size,
+                                           const char* fragmentSource)
 {
     PostProcessing::Pass pass;
     pass.inputTexture = renderer.createTexture2d(zund::TextureFormat::RGB16F, size.first, size.second);
@@ -21,14 +21,14 @@ PostProcessing::Pass Scene::createPostPass(zund::Renderer& renderer, std::pair<i
     return pass;
 }
 
-void Scene::addPostPass(zund::Renderer& renderer, char const* fragmentSource,
+void Scene::addPostPass(zund::Renderer& renderer, const char* fragmentSource,
                         PostProcessing::ExtraInputs extraInputs)
 {
     PostProcessing::Pass pass = createPostPass(renderer, resolution, fragmentSource);
     pass.fboUniform = renderer.getUniform(pass.program, "fbo");
     pass.fboOriginalUniform = renderer.getUniform(pass.program, "fbo_original");
     for (std::size_t i = 0; i < extraInputs.size(); ++i) {
-        auto const& [name, texture] = extraInputs[i];
+        const auto& [name, texture] = extraInputs[i];
         pass.extraInputs[i].uniform = renderer.getUniform(pass.program, name);
         pass.extraInputs[i].texture = texture;
     }
@@ -44,7 +44,7 @@ std::vector<zund::DrawCommand> Scene::drawPostprocess()
 {
     std::vector<zund::DrawCommand> commands;
     for (std::size_t i = 0; i < passes.size(); ++i) {
-        PostProcessing::Pass const& pass = passes[i];
+        const PostProcessing::Pass& pass = passes[i];
 
         zund::DrawCommand command;
         command.vertexArray = quad;
@@ -57,7 +57,7 @@ std::vector<zund::DrawCommand> Scene::drawPostprocess()
         command.textures[0] = pass.inputTexture;
         command.textures[1] = passes.front().inputTexture;
         for (std::size_t j = 0; j < pass.extraInputs.size(); ++j) {
-            PostProcessing::Pass::ExtraInput const& extra = pass.extraInputs[j];
+            const PostProcessing::Pass::ExtraInput& extra = pass.extraInputs[j];
             if (extra.uniform.isValid()) {
                 command.uniforms.emplace_back(extra.uniform, static_cast<int>(j + 2));
             }

@@ -11,14 +11,14 @@
 #include "engine/shaders/post_pass1_frag.h"
 #include "engine/shaders/post_sobel_frag.h"
 
-char const* const post_pass0_frag_src = post_copy_frag;
-char const* const post_pass1_frag_src = post_pass1_frag;
-char const* const shader_letterbox = post_letterbox_frag;
-char const* const shader_gamma_encode = post_gamma_encode_frag;
+const char* const post_pass0_frag_src = post_copy_frag;
+const char* const post_pass1_frag_src = post_pass1_frag;
+const char* const shader_letterbox = post_letterbox_frag;
+const char* const shader_gamma_encode = post_gamma_encode_frag;
 
 namespace lumeth {
 
-std::span<PostEffect const> getSpareEffects()
+std::span<const PostEffect> getSpareEffects()
 {
     static constexpr PostEffect effects[] = {
         {"green card", post_green_frag},

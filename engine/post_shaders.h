@@ -4,21 +4,21 @@
 
 // Fragment shaders for passes of the post chain. Each reads the sampler "fbo" at "texcoord".
 
-extern char const* const post_pass0_frag_src; ///< plain copy
-extern char const* const post_pass1_frag_src; ///< linear colour to gamma 2.2
-extern char const* const shader_letterbox;    ///< black bars that leave a 64:27 picture
-extern char const* const shader_gamma_encode; ///< linear colour to gamma 2.2
+extern const char* const post_pass0_frag_src; ///< plain copy
+extern const char* const post_pass1_frag_src; ///< linear colour to gamma 2.2
+extern const char* const shader_letterbox;    ///< black bars that leave a 64:27 picture
+extern const char* const shader_gamma_encode; ///< linear colour to gamma 2.2
 
 namespace lumeth {
 
 /// An effect that no scene of the show selects yet.
 struct PostEffect {
-    char const* name;
-    char const* source; ///< for `Scene::addPostPass`
+    const char* name;
+    const char* source; ///< for `Scene::addPostPass`
 };
 
 /// Green card, brightness threshold, lift, two blurs and Sobel. The blurs want a 1D texture of weights, in
 /// red, as the extra input "kernel_gauss".
-std::span<PostEffect const> getSpareEffects();
+std::span<const PostEffect> getSpareEffects();
 
 } // namespace lumeth

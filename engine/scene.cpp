@@ -9,8 +9,8 @@
 
 namespace lumeth {
 
-char const* const Scene::material_vert = ::material_vert;
-char const* const Scene::material_frag = ::material_frag;
+const char* const Scene::material_vert = ::material_vert;
+const char* const Scene::material_frag = ::material_frag;
 
 namespace {
 
@@ -20,7 +20,7 @@ zund::VertexArray createFullScreenTriangle(zund::Renderer& renderer)
     const zund::Vertex corners[] = {{-1.0F, -1.0F, 0.0F}, {3.0F, -1.0F, 0.0F}, {-1.0F, 3.0F, 0.0F}};
     const unsigned int indices[] = {0, 1, 2};
     std::vector<float> positions;
-    for (zund::Vertex const& corner : corners) {
+    for (const zund::Vertex& corner : corners) {
         positions.insert(positions.end(), {corner.x, corner.y, corner.z});
     }
     return renderer.createIndexedBuffer(positions.data(), positions.size(), indices, std::size(indices),
@@ -44,7 +44,7 @@ void Scene::init(zund::Renderer& renderer, std::pair<int, int> resolution)
     initSkybox(renderer);
 }
 
-void Scene::lookAt(glm::vec3 const& eye, glm::vec3 const& target, glm::vec3 const& up)
+void Scene::lookAt(const glm::vec3& eye, const glm::vec3& target, const glm::vec3& up)
 {
     const glm::vec3 z = glm::normalize(eye - target);
     const glm::vec3 x = glm::normalize(glm::cross(up, z));

@@ -25,8 +25,8 @@ namespace lumeth {
 /// and hands it to the renderer. Deletes no GL object.
 class Scene {
 public:
-    static char const* const material_vert; ///< the stock material's vertex shader
-    static char const* const material_frag; ///< the stock material's fragment shader
+    static const char* const material_vert; ///< the stock material's vertex shader
+    static const char* const material_frag; ///< the stock material's fragment shader
 
     Scene();
 
@@ -40,15 +40,15 @@ public:
     void draw(zund::Renderer& renderer, double time);
 
     /// The command that draws one item into `frameBuffer`.
-    zund::DrawCommand drawDisplayItem(glm::mat4 const& worldToView, DisplayListItem const& item,
-                                      zund::FrameBuffer const& frameBuffer, double time);
+    zund::DrawCommand drawDisplayItem(const glm::mat4& worldToView, const DisplayListItem& item,
+                                      const zund::FrameBuffer& frameBuffer, double time);
     zund::DrawCommand drawBackground(double time);
     zund::DrawCommand drawSkybox();
     /// One full-screen command a pass, the last one into the window.
     std::vector<zund::DrawCommand> drawPostprocess();
 
     /// Sets the camera. `eye` equal to `target`, or `up` along the view, gives NaNs.
-    void lookAt(glm::vec3 const& eye, glm::vec3 const& target, glm::vec3 const& up);
+    void lookAt(const glm::vec3& eye, const glm::vec3& target, const glm::vec3& up);
 
     /// Takes the object over. False, and the object dropped, if the name is taken.
     bool addObject(std::string name, DisplayObject object);
@@ -58,18 +58,18 @@ public:
     tree::Node<DisplayListItem>& getGraph();
 
     /// Puts a fragment shader behind the items, in place of the skybox. There is no way back.
-    void setBackground(zund::Renderer& renderer, char const* fragmentSource);
+    void setBackground(zund::Renderer& renderer, const char* fragmentSource);
     /// Gamma-encoded; black until set.
     void setSkyboxColor(glm::vec3 color);
     /// Called by `init`.
     void initSkybox(zund::Renderer& renderer);
 
     /// Appends a pass to the post chain.
-    void addPostPass(zund::Renderer& renderer, char const* fragmentSource,
+    void addPostPass(zund::Renderer& renderer, const char* fragmentSource,
                      PostProcessing::ExtraInputs extraInputs);
     /// A pass with its GL objects, of `size` pixels, that is in no chain yet.
-    PostProcessing::Pass createPostPass(zund::Renderer& renderer, std::pair<int, int> const& size,
-                                        char const* fragmentSource);
+    PostProcessing::Pass createPostPass(zund::Renderer& renderer, const std::pair<int, int>& size,
+                                        const char* fragmentSource);
     /// Empties the post chain. Its GL objects stay until the renderer ends.
     void resetPostPasses();
 

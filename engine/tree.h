@@ -34,7 +34,7 @@ public:
 
     /// The direct child of that name, never null; borrowed. Throws `std::out_of_range`
     /// "_Map_base::at" if there is none.
-    Node<T>* getNode(std::string_view const& name)
+    Node<T>* getNode(const std::string_view& name)
     {
         const auto found = children.find(std::string(name));
         if (found == children.end()) {

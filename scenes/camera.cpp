@@ -22,7 +22,7 @@ glm::vec3 CameraTracks::readTarget(const tolv::SyncDevice& sync, double row) con
     return {sync.getValue(targetX, row), sync.getValue(targetY, row), sync.getValue(targetZ, row)};
 }
 
-void pointCamera(lumeth::Scene& scene, glm::vec3 const& position, glm::vec3 const& target)
+void pointCamera(lumeth::Scene& scene, const glm::vec3& position, const glm::vec3& target)
 {
     scene.lookAt(position, target, orientations::yAxis);
 }

@@ -20,4 +20,4 @@ struct CameraTracks {
 };
 
 /// Points the camera of a scene, upright.
-void pointCamera(lumeth::Scene& scene, glm::vec3 const& position, glm::vec3 const& target);
+void pointCamera(lumeth::Scene& scene, const glm::vec3& position, const glm::vec3& target);

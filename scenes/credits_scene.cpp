@@ -17,18 +17,18 @@ public:
     {
     }
 
-    std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& /*worldToView*/,
-                                                         lumeth::DisplayObject const& /*object*/,
-                                                         lumeth::DisplayListItem const& /*item*/,
-                                                         std::vector<lumeth::Light> const& /*lights*/,
+    std::vector<zund::UniformCommand> getUniformCommands(const glm::mat4& /*worldToView*/,
+                                                         const lumeth::DisplayObject& /*object*/,
+                                                         const lumeth::DisplayListItem& /*item*/,
+                                                         const std::vector<lumeth::Light>& /*lights*/,
                                                          double /*time*/) override
     {
         return {};
     }
 
     std::vector<zund::UniformArrayCommand>
-    getUniformArrayCommands(lumeth::DisplayObject const& /*object*/, lumeth::DisplayListItem const& /*item*/,
-                            std::vector<lumeth::Light> const& /*lights*/, double /*time*/) override
+    getUniformArrayCommands(const lumeth::DisplayObject& /*object*/, const lumeth::DisplayListItem& /*item*/,
+                            const std::vector<lumeth::Light>& /*lights*/, double /*time*/) override
     {
         return {};
     }

@@ -4,8 +4,8 @@
 
 #include <iterator>
 
-char const* const scroller_vert = full_frame_vert;
-char const* const credits_vert = full_frame_vert;
+const char* const scroller_vert = full_frame_vert;
+const char* const credits_vert = full_frame_vert;
 
 zund::VertexArray createFullFrameTriangle(zund::Renderer& renderer, float z)
 {
@@ -16,7 +16,7 @@ zund::VertexArray createFullFrameTriangle(zund::Renderer& renderer, float z)
                                         std::size(uvs), nullptr, 0, nullptr, 0, nullptr, 0);
 }
 
-float aspectOf(std::pair<int, int> const& size)
+float aspectOf(const std::pair<int, int>& size)
 {
     return static_cast<float>(size.first) / static_cast<float>(size.second);
 }

@@ -8,12 +8,12 @@
 // node moves them.
 
 /// Vertex shader of full-frame pictures: passes clip space x and y on as "position".
-extern char const* const scroller_vert;
+extern const char* const scroller_vert;
 /// The same under the name that the credits know.
-extern char const* const credits_vert;
+extern const char* const credits_vert;
 
 /// The triangle that covers the whole of clip space at depth `z`: 0 in the middle, -1 before everything.
 zund::VertexArray createFullFrameTriangle(zund::Renderer& renderer, float z);
 
 /// Width by height.
-float aspectOf(std::pair<int, int> const& size);
+float aspectOf(const std::pair<int, int>& size);

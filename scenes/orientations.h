@@ -30,7 +30,7 @@ constexpr glm::vec3 xAxis = {1.0F, 0.0F, 0.0F};
 constexpr glm::vec3 yAxis = {0.0F, 1.0F, 0.0F};
 
 /// The rotation by `angle`, in radians, about an axis of length 1.
-inline glm::quat angleAxis(float angle, glm::vec3 const& axis)
+inline glm::quat angleAxis(float angle, const glm::vec3& axis)
 {
     const float half = angle * 0.5F;
     const float s = std::sin(half);

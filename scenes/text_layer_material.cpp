@@ -2,7 +2,7 @@
 
 #include "scenes/full_frame.h"
 
-TextLayerMaterial::TextLayerMaterial(zund::Renderer& renderer, float aspect, char const* fragmentSource)
+TextLayerMaterial::TextLayerMaterial(zund::Renderer& renderer, float aspect, const char* fragmentSource)
     : Material(renderer, scroller_vert, fragmentSource, nullptr),
       aspect(aspect),
       timeUniform(renderer.getUniform(program, "time"))
@@ -10,16 +10,16 @@ TextLayerMaterial::TextLayerMaterial(zund::Renderer& renderer, float aspect, cha
 }
 
 std::vector<zund::UniformCommand> TextLayerMaterial::getUniformCommands(
-    glm::mat4 const& /*worldToView*/, lumeth::DisplayObject const& /*object*/,
-    lumeth::DisplayListItem const& /*item*/, std::vector<lumeth::Light> const& /*lights*/, double time)
+    const glm::mat4& /*worldToView*/, const lumeth::DisplayObject& /*object*/,
+    const lumeth::DisplayListItem& /*item*/, const std::vector<lumeth::Light>& /*lights*/, double time)
 {
     return {{timeUniform, static_cast<float>(time)}};
 }
 
 std::vector<zund::UniformArrayCommand>
-TextLayerMaterial::getUniformArrayCommands(lumeth::DisplayObject const& /*object*/,
-                                           lumeth::DisplayListItem const& /*item*/,
-                                           std::vector<lumeth::Light> const& /*lights*/, double /*time*/)
+TextLayerMaterial::getUniformArrayCommands(const lumeth::DisplayObject& /*object*/,
+                                           const lumeth::DisplayListItem& /*item*/,
+                                           const std::vector<lumeth::Light>& /*lights*/, double /*time*/)
 {
     return {};
 }

@@ -6,16 +6,16 @@
 /// is sampled from unit 0, where the sampler stands by itself.
 class TextLayerMaterial : public lumeth::Material {
 public:
-    TextLayerMaterial(zund::Renderer& renderer, float aspect, char const* fragmentSource);
+    TextLayerMaterial(zund::Renderer& renderer, float aspect, const char* fragmentSource);
 
-    std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& worldToView,
-                                                         lumeth::DisplayObject const& object,
-                                                         lumeth::DisplayListItem const& item,
-                                                         std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformCommand> getUniformCommands(const glm::mat4& worldToView,
+                                                         const lumeth::DisplayObject& object,
+                                                         const lumeth::DisplayListItem& item,
+                                                         const std::vector<lumeth::Light>& lights,
                                                          double time) override;
-    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(lumeth::DisplayObject const& object,
-                                                                   lumeth::DisplayListItem const& item,
-                                                                   std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(const lumeth::DisplayObject& object,
+                                                                   const lumeth::DisplayListItem& item,
+                                                                   const std::vector<lumeth::Light>& lights,
                                                                    double time) override;
 
 private:

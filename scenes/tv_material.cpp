@@ -11,10 +11,10 @@ TvMaterial::TvMaterial(zund::Renderer& renderer, float aspect)
 {
 }
 
-std::vector<zund::UniformCommand> TvMaterial::getUniformCommands(glm::mat4 const& worldToView,
-                                                                 lumeth::DisplayObject const& object,
-                                                                 lumeth::DisplayListItem const& item,
-                                                                 std::vector<lumeth::Light> const& /*lights*/,
+std::vector<zund::UniformCommand> TvMaterial::getUniformCommands(const glm::mat4& worldToView,
+                                                                 const lumeth::DisplayObject& object,
+                                                                 const lumeth::DisplayListItem& item,
+                                                                 const std::vector<lumeth::Light>& /*lights*/,
                                                                  double time)
 {
     std::vector<zund::UniformCommand> commands = uniforms.getCommands(aspect, worldToView, object, item);
@@ -23,9 +23,9 @@ std::vector<zund::UniformCommand> TvMaterial::getUniformCommands(glm::mat4 const
 }
 
 std::vector<zund::UniformArrayCommand>
-TvMaterial::getUniformArrayCommands(lumeth::DisplayObject const& /*object*/,
-                                    lumeth::DisplayListItem const& /*item*/,
-                                    std::vector<lumeth::Light> const& lights, double /*time*/)
+TvMaterial::getUniformArrayCommands(const lumeth::DisplayObject& /*object*/,
+                                    const lumeth::DisplayListItem& /*item*/,
+                                    const std::vector<lumeth::Light>& lights, double /*time*/)
 {
     return uniforms.getArrayCommands(lights);
 }

@@ -9,14 +9,14 @@ public:
     /// `aspect` is width by height of what is drawn into.
     TvMaterial(zund::Renderer& renderer, float aspect);
 
-    std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& worldToView,
-                                                         lumeth::DisplayObject const& object,
-                                                         lumeth::DisplayListItem const& item,
-                                                         std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformCommand> getUniformCommands(const glm::mat4& worldToView,
+                                                         const lumeth::DisplayObject& object,
+                                                         const lumeth::DisplayListItem& item,
+                                                         const std::vector<lumeth::Light>& lights,
                                                          double time) override;
-    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(lumeth::DisplayObject const& object,
-                                                                   lumeth::DisplayListItem const& item,
-                                                                   std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(const lumeth::DisplayObject& object,
+                                                                   const lumeth::DisplayListItem& item,
+                                                                   const std::vector<lumeth::Light>& lights,
                                                                    double time) override;
 
 private:

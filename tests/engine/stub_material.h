@@ -28,19 +28,19 @@ public:
     {
     }
 
-    std::vector<zund::UniformCommand> getUniformCommands(glm::mat4 const& worldToView,
-                                                         lumeth::DisplayObject const& object,
-                                                         lumeth::DisplayListItem const& item,
-                                                         std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformCommand> getUniformCommands(const glm::mat4& worldToView,
+                                                         const lumeth::DisplayObject& object,
+                                                         const lumeth::DisplayListItem& item,
+                                                         const std::vector<lumeth::Light>& lights,
                                                          double time) override
     {
         asked.push_back({worldToView, &object, item.worldMatrix, item.objectName, lights.size(), time});
         return {{zund::Uniform(77), 5}};
     }
 
-    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(lumeth::DisplayObject const& object,
-                                                                   lumeth::DisplayListItem const& /*item*/,
-                                                                   std::vector<lumeth::Light> const& lights,
+    std::vector<zund::UniformArrayCommand> getUniformArrayCommands(const lumeth::DisplayObject& object,
+                                                                   const lumeth::DisplayListItem& /*item*/,
+                                                                   const std::vector<lumeth::Light>& lights,
                                                                    double time) override
     {
         asked.back().arrayTime = time;
