@@ -7,10 +7,10 @@
 #include "player/keymap.h"
 #include "scenes/bottle_scene.h"
 #include "scenes/burger_scene.h"
+#include "scenes/catalogue.h"
 #include "scenes/credits_scene.h"
 #include "scenes/people_scene.h"
 #include "scenes/room_scene.h"
-#include "scenes/scene_numbers.h"
 #include "scenes/toilet_scene.h"
 #include "sync/syncdevice.h"
 #include "sync/tools.h"
@@ -86,19 +86,19 @@ int main()
         const double position = mixer.getMusicPosition();
         const float value = sync.getValue(sceneTrack, timeToRow(position));
         renderer.clear(clearColor, clearColor, clearColor);
-        if (value == scene_numbers::room) {
+        if (value == catalogue::scenes::room.number) {
             show(room, renderer, position, sync);
-        } else if (value == scene_numbers::credits) {
+        } else if (value == catalogue::scenes::credits.number) {
             show(credits, renderer, position, sync);
-        } else if (value == scene_numbers::bottle) {
+        } else if (value == catalogue::scenes::bottle.number) {
             show(bottle, renderer, position, sync);
-        } else if (value == scene_numbers::burger) {
+        } else if (value == catalogue::scenes::burger.number) {
             show(burger, renderer, position, sync);
-        } else if (value == scene_numbers::toilet) {
+        } else if (value == catalogue::scenes::toilet.number) {
             show(toilet, renderer, position, sync);
-        } else if (value == scene_numbers::people) {
+        } else if (value == catalogue::scenes::people.number) {
             show(people, renderer, position, sync);
-        } else if (value == scene_numbers::end) {
+        } else if (value == catalogue::endOfShow) {
             return 0;
         }
         display.Swap();

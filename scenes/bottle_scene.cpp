@@ -14,6 +14,7 @@
 
 namespace {
 
+using namespace catalogue;
 using namespace orientations;
 
 /// The band of text that scrolls and waves, with a drop shadow.
@@ -27,12 +28,12 @@ public:
 
 // clang-format off
 constexpr ObjectRow objects[] = {
-    // name  model              colour                     normal     emission   colour               amb   diff  spec  shin
-    {"beer", "assets/beer.glb", surface("pisswasser.dds"), noTexture, noTexture, {0.5F, 0.5F, 0.3F},  0.1F, 1.7F, 1.0F, 32.0F},
+    // name  model         colour                normal     emission   colour              amb   diff  spec  shin
+    {"beer", models::beer, textures::pisswasser, noTexture, noTexture, {0.5F, 0.5F, 0.3F}, 0.1F, 1.7F, 1.0F, 32.0F},
 };
 
 // Before everything, and of the size of a surface, unlike the other layers.
-constexpr TextLayerRow textLayer = {-1.0F, surface("unlimited.dds"), noTexture, make<ScrollerShader>};
+constexpr TextLayerRow textLayer = {-1.0F, textures::unlimited, noTexture, make<ScrollerShader>};
 constexpr NodeRow textNode[] = {{"scroller", nullptr, "scroller", {0.0F, 0.0F, -3.0F}, none, 1.0F}};
 
 constexpr lumeth::Light lights[] = {

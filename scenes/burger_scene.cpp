@@ -11,6 +11,7 @@
 
 namespace {
 
+using namespace catalogue;
 using namespace orientations;
 
 /// The text in white, with a dark red shadow below.
@@ -24,14 +25,14 @@ public:
 
 // clang-format off
 constexpr ObjectRow objects[] = {
-    // name            model                          colour                        normal     emission   colour                  amb   diff  spec  shin
-    {"boxb",           "assets/burgerbox_bottom.glb", noTexture,                    noTexture, noTexture, {1.00F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"boxt",           "assets/burgerbox_top.glb",    surface("burgerbox_top.dds"), noTexture, noTexture, {0.50F, 0.50F, 0.30F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"burger_top",     "assets/burger_top.glb",       noTexture,                    noTexture, noTexture, {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"burger_bottom",  "assets/burger_bottom.glb",    noTexture,                    noTexture, noTexture, {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"burger_middle",  "assets/burger_middle.glb",    noTexture,                    noTexture, noTexture, {0.98F, 0.85F, 0.64F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"burger_steak",   "assets/burger_steak.glb",     noTexture,                    noTexture, noTexture, {0.28F, 0.19F, 0.10F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"burger_cheese",  "assets/burger_cheese.glb",    noTexture,                    noTexture, noTexture, {0.90F, 0.68F, 0.08F},  0.1F, 1.0F, 1.0F, 30.0F},
+    // name           model                     colour                   normal     emission   colour                 amb   diff  spec  shin
+    {"boxb",          models::burgerbox_bottom, noTexture,               noTexture, noTexture, {1.00F, 0.96F, 0.91F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"boxt",          models::burgerbox_top,    textures::burgerbox_top, noTexture, noTexture, {0.50F, 0.50F, 0.30F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_top",    models::burger_top,       noTexture,               noTexture, noTexture, {0.98F, 0.85F, 0.64F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_bottom", models::burger_bottom,    noTexture,               noTexture, noTexture, {0.98F, 0.85F, 0.64F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_middle", models::burger_middle,    noTexture,               noTexture, noTexture, {0.98F, 0.85F, 0.64F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_steak",  models::burger_steak,     noTexture,               noTexture, noTexture, {0.28F, 0.19F, 0.10F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"burger_cheese", models::burger_cheese,    noTexture,               noTexture, noTexture, {0.90F, 0.68F, 0.08F}, 0.1F, 1.0F, 1.0F, 30.0F},
 };
 
 constexpr NodeRow nodes[] = {
@@ -55,7 +56,7 @@ constexpr lumeth::Light lights[] = {
 };
 
 // Before everything.
-constexpr TextLayerRow textLayer = {-1.0F, fullFrame("burgertext.dds"), noTexture, make<BurgerShader>};
+constexpr TextLayerRow textLayer = {-1.0F, textures::burgertext, noTexture, make<BurgerShader>};
 constexpr NodeRow textNode[] = {{"scroller", nullptr, "scroller", {0.0F, 0.0F, 0.0F}, none, 1.0F}};
 
 /// How high a layer rises: `share` of "burger_open", over the height at which it rests.
@@ -81,17 +82,23 @@ struct Tumble {
     float share;
     glm::vec3 axis;
 };
-constexpr float s = 0.7071068F;
+constexpr float diagonal = 0.7071068F;
 constexpr Tumble tumbles[] = { // in the order of writing; the bottom keeps still
     // node                share   axis
-    {"box/burger_top",     -0.7F,  {s,    0.0F, -s}},
-    {"box/burger_cheese2",  0.3F,  {s,    0.0F, s}},
+    {"box/burger_top",     -0.7F,  {diagonal, 0.0F, -diagonal}},
+    {"box/burger_cheese2",  0.3F,  {diagonal, 0.0F, diagonal}},
     {"box/burger_steak2",  -0.4F,  {1.0F, 0.0F, 0.0F}},
     {"box/burger_middle",   0.3F,  {1.0F, 0.0F, 0.0F}},
     {"box/burger_cheese1", -0.4F,  {0.0F, 0.0F, 1.0F}},
     {"box/burger_steak1",   0.3F,  {1.0F, 0.0F, 0.0F}},
 };
 // clang-format on
+
+static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
+static_assert(std::all_of(std::begin(rises), std::end(rises),
+                          [](const Rise& row) { return isPath(nodes, row.node); }));
+static_assert(std::all_of(std::begin(tumbles), std::end(tumbles),
+                          [](const Tumble& row) { return isPath(nodes, row.node); }));
 
 } // namespace
 
@@ -107,12 +114,12 @@ BurgerScene::BurgerScene(zund::Renderer& renderer, const pack::Packfile& pack, c
     addNodes(scene, nodes);
     addLights(scene, lights);
     camera.lookUp(sync);
-    burgerRotate = sync.getTrack("burger_rotate");
-    burgerPitch = sync.getTrack("burger_pitch");
-    boxOpen = sync.getTrack("box_open");
-    burgerOpen = sync.getTrack("burger_open");
-    burgerRandom = sync.getTrack("burger_random");
-    burgerText = sync.getTrack("burger_text");
+    burgerRotate = sync.getTrack(tracks::burger_rotate.name);
+    burgerPitch = sync.getTrack(tracks::burger_pitch.name);
+    boxOpen = sync.getTrack(tracks::box_open.name);
+    burgerOpen = sync.getTrack(tracks::burger_open.name);
+    burgerRandom = sync.getTrack(tracks::burger_random.name);
+    burgerText = sync.getTrack(tracks::burger_text.name);
     addTextLayer(scene, renderer, pack, aspect, textLayer);
     addNodes(scene, textNode);
     findNode(scene, "scroller").value.setVisible(false);

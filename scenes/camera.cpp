@@ -1,15 +1,17 @@
 #include "scenes/camera.h"
 
+#include "scenes/catalogue.h"
 #include "scenes/orientations.h"
 
 void CameraTracks::lookUp(const tolv::SyncDevice& sync)
 {
-    positionX = sync.getTrack("camera_pos_x");
-    positionY = sync.getTrack("camera_pos_y");
-    positionZ = sync.getTrack("camera_pos_z");
-    targetX = sync.getTrack("camera_tgt_x");
-    targetY = sync.getTrack("camera_tgt_y");
-    targetZ = sync.getTrack("camera_tgt_z");
+    namespace tracks = catalogue::tracks;
+    positionX = sync.getTrack(tracks::camera_pos_x.name);
+    positionY = sync.getTrack(tracks::camera_pos_y.name);
+    positionZ = sync.getTrack(tracks::camera_pos_z.name);
+    targetX = sync.getTrack(tracks::camera_tgt_x.name);
+    targetY = sync.getTrack(tracks::camera_tgt_y.name);
+    targetZ = sync.getTrack(tracks::camera_tgt_z.name);
 }
 
 glm::vec3 CameraTracks::readPosition(const tolv::SyncDevice& sync, double row) const

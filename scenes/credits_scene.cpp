@@ -1,5 +1,6 @@
 #include "scenes/credits_scene.h"
 
+#include "scenes/catalogue.h"
 #include "scenes/full_frame.h"
 #include "scenes/orientations.h"
 #include "scenes/shaders/credits_frag.h"
@@ -46,7 +47,7 @@ CreditsScene::CreditsScene(zund::Renderer& renderer, const pack::Packfile& pack,
 
     lumeth::DisplayObject picture;
     picture.vertexArray = createFullFrameTriangle(renderer, 0.0F);
-    picture.colorTexture = loadTexture(renderer, pack, "title.dds", 3840, 2160);
+    picture.colorTexture = loadTexture(renderer, pack, catalogue::textures::title);
     picture.material = std::make_unique<CreditsShader>(renderer, aspectOf(size));
     scene.addObject("obj", std::move(picture));
 

@@ -13,6 +13,7 @@
 
 namespace {
 
+using namespace catalogue;
 using namespace orientations;
 
 /// The text that waves, with a drop shadow.
@@ -26,16 +27,16 @@ public:
 
 // clang-format off
 constexpr ObjectRow objects[] = {
-    // name     model                  colour                    normal                    emission   colour                  amb   diff  spec  shin
-    {"sofa",    "assets/sofa.glb",     surface("sofa_diff.dds"), surface("sofa_norm.dds"), noTexture, {0.50F, 0.50F, 0.50F},  0.1F, 1.5F, 1.0F, 32.0F},
-    {"ukko",    "assets/person.glb",   noTexture,                noTexture,                noTexture, {0.83F, 0.67F, 0.53F},  0.1F, 1.0F, 0.1F, 30.0F},
-    {"hat",     "assets/hat.glb",      noTexture,                noTexture,                noTexture, {0.90F, 0.90F, 0.90F},  0.1F, 1.0F, 0.1F, 30.0F},
-    {"glasses", "assets/glasses.glb",  noTexture,                noTexture,                noTexture, {0.10F, 0.10F, 0.10F},  0.1F, 1.0F, 0.1F, 30.0F},
+    // name     model            colour               normal               emission   colour                 amb   diff  spec  shin
+    {"sofa",    models::sofa,    textures::sofa_diff, textures::sofa_norm, noTexture, {0.50F, 0.50F, 0.50F}, 0.1F, 1.5F, 1.0F, 32.0F},
+    {"ukko",    models::person,  noTexture,           noTexture,           noTexture, {0.83F, 0.67F, 0.53F}, 0.1F, 1.0F, 0.1F, 30.0F},
+    {"hat",     models::hat,     noTexture,           noTexture,           noTexture, {0.90F, 0.90F, 0.90F}, 0.1F, 1.0F, 0.1F, 30.0F},
+    {"glasses", models::glasses, noTexture,           noTexture,           noTexture, {0.10F, 0.10F, 0.10F}, 0.1F, 1.0F, 0.1F, 30.0F},
 };
 // In the middle of clip space: what is nearer covers it.
-constexpr TextLayerRow textLayer = {0.0F, fullFrame("pants.dds"), noTexture, make<PScrollerShader>};
+constexpr TextLayerRow textLayer = {0.0F, textures::pants, noTexture, make<PScrollerShader>};
 constexpr ObjectRow objectsAfterTheText[] = {
-    {"legs", "assets/sofa_legs.glb",   noTexture,                noTexture,                noTexture, {0.20F, 0.20F, 0.20F},  0.1F, 1.0F, 0.1F, 10.0F},
+    {"legs", models::sofa_legs, noTexture, noTexture, noTexture, {0.20F, 0.20F, 0.20F}, 0.1F, 1.0F, 0.1F, 10.0F},
 };
 
 constexpr NodeRow nodes[] = {
@@ -56,6 +57,9 @@ constexpr lumeth::Light lights[] = {
     {{ 3.0F, 5.0F, 3.0F},    glm::vec3(0.6F),   glm::vec3(0.9F)},
 };
 // clang-format on
+
+static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) &&
+              objectsExist(nodes, objects, objectsAfterTheText));
 
 /// From a share of the swing, taken as a double, to a tilt forward.
 glm::quat tilt(float swing, double share)
@@ -78,18 +82,15 @@ PeopleScene::PeopleScene(zund::Renderer& renderer, const pack::Packfile& pack, c
     addNodes(scene, nodes);
     addLights(scene, lights);
     camera.lookUp(sync);
-    hatR = sync.getTrack("hat_r");
+    hatR = sync.getTrack(tracks::hat_r.name);
 }
 
 void PeopleScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)
 {
     const double row = timeToRow(time);
 
-    // The camera circles the vertical axis through the origin: angle, height and radius.
     const glm::vec3 polar = camera.readPosition(sync, row);
-    const float angle = polar.x * 3.14F;
-    const glm::vec3 position(std::cos(angle) * polar.z, polar.y, polar.z * std::sin(angle));
-    pointCamera(scene, position, camera.readTarget(sync, row));
+    pointCamera(scene, orbitPlace(polar), camera.readTarget(sync, row));
 
     const float swing = std::abs(std::cos(sync.getValue(hatR, row) * 3.14F - 0.3F)) * 3.14F;
     findNode(scene, "ukko1_hat").value.setOrientation(tilt(swing, 0.05));

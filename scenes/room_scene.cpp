@@ -9,25 +9,26 @@
 
 namespace {
 
+using namespace catalogue;
 using namespace orientations;
 
 // clang-format off
 constexpr ObjectRow objects[] = {
-    // name              model                          colour                          normal                          emission                 colour                  amb   diff  spec   shin
-    {"room",             "assets/room.glb",             surface("room_diff.dds"),        noTexture,                      noTexture,               {0.30F, 0.70F, 0.30F},  0.0F, 0.3F, 1.0F,  20.0F},
-    {"sofa",             "assets/sofa.glb",             surface("sofa_diff.dds"),        surface("sofa_norm.dds"),        noTexture,               {0.50F, 0.50F, 0.50F},  0.1F, 1.5F, 1.0F,  32.0F},
-    {"legs",             "assets/sofa_legs.glb",        noTexture,                      noTexture,                      noTexture,               {0.20F, 0.20F, 0.20F},  0.1F, 1.0F, 0.1F,  10.0F},
-    {"ukko",             "assets/person.glb",           noTexture,                      noTexture,                      noTexture,               {0.83F, 0.67F, 0.53F},  0.1F, 0.7F, 0.3F,  30.0F},
-    {"hat",              "assets/hat.glb",              noTexture,                      noTexture,                      noTexture,               {0.90F, 0.90F, 0.90F},  0.1F, 1.0F, 0.1F,  30.0F},
-    {"glasses",          "assets/glasses.glb",          noTexture,                      noTexture,                      noTexture,               {0.10F, 0.10F, 0.10F},  0.1F, 1.0F, 0.1F,  30.0F},
-    {"table",            "assets/coffeetable.glb",      surface("coffeetable_diff.dds"), surface("coffeetable_norm.dds"), noTexture,               {0.30F, 0.50F, 0.50F},  0.1F, 1.0F, 3.0F,  32.0F},
-    {"beer",             "assets/beer.glb",             surface("pisswasser.dds"),       noTexture,                      noTexture,               {0.50F, 0.50F, 0.30F},  0.0F, 0.7F, 1.5F,   6.0F},
-    {"tv",               "assets/tv.glb",               noTexture,                      noTexture,                      surface("tv_emit.dds"),   {0.10F, 0.10F, 0.10F},  0.1F, 0.2F, 10.0F, 60.0F, false, make<TvMaterial>},
-    {"tvtable",          "assets/tvtable.glb",          surface("plywood_diff.dds"),     surface("plywood_norm.dds"),     noTexture,               {0.50F, 0.30F, 0.30F},  0.1F, 1.0F, 3.0F,  32.0F},
-    {"bigplant",         "assets/bigplant.glb",         surface("bigplant.dds"),         noTexture,                      noTexture,               {0.30F, 0.70F, 0.20F},  0.1F, 0.7F, 1.0F,  30.0F, true},
-    {"pot",              "assets/flowerpot.glb",        noTexture,                      noTexture,                      noTexture,               {0.32F, 0.10F, 0.00F},  0.1F, 0.7F, 0.3F,  30.0F},
-    {"burgerbox_bottom", "assets/burgerbox_bottom.glb", noTexture,                      noTexture,                      noTexture,               {1.00F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F,  30.0F},
-    {"burgerbox_top",    "assets/burgerbox_top.glb",    surface("burgerbox_top.dds"),    noTexture,                      noTexture,               {0.50F, 0.50F, 0.30F},  0.1F, 1.0F, 1.0F,  30.0F},
+    // name              model                     colour                      normal                      emission           colour                 amb   diff  spec   shin
+    {"room",             models::room,             textures::room_diff,        noTexture,                  noTexture,         {0.30F, 0.70F, 0.30F}, 0.0F, 0.3F,  1.0F, 20.0F},
+    {"sofa",             models::sofa,             textures::sofa_diff,        textures::sofa_norm,        noTexture,         {0.50F, 0.50F, 0.50F}, 0.1F, 1.5F,  1.0F, 32.0F},
+    {"legs",             models::sofa_legs,        noTexture,                  noTexture,                  noTexture,         {0.20F, 0.20F, 0.20F}, 0.1F, 1.0F,  0.1F, 10.0F},
+    {"ukko",             models::person,           noTexture,                  noTexture,                  noTexture,         {0.83F, 0.67F, 0.53F}, 0.1F, 0.7F,  0.3F, 30.0F},
+    {"hat",              models::hat,              noTexture,                  noTexture,                  noTexture,         {0.90F, 0.90F, 0.90F}, 0.1F, 1.0F,  0.1F, 30.0F},
+    {"glasses",          models::glasses,          noTexture,                  noTexture,                  noTexture,         {0.10F, 0.10F, 0.10F}, 0.1F, 1.0F,  0.1F, 30.0F},
+    {"table",            models::coffeetable,      textures::coffeetable_diff, textures::coffeetable_norm, noTexture,         {0.30F, 0.50F, 0.50F}, 0.1F, 1.0F,  3.0F, 32.0F},
+    {"beer",             models::beer,             textures::pisswasser,       noTexture,                  noTexture,         {0.50F, 0.50F, 0.30F}, 0.0F, 0.7F,  1.5F,  6.0F},
+    {"tv",               models::tv,               noTexture,                  noTexture,                  textures::tv_emit, {0.10F, 0.10F, 0.10F}, 0.1F, 0.2F, 10.0F, 60.0F, false, make<TvMaterial>},
+    {"tvtable",          models::tvtable,          textures::plywood_diff,     textures::plywood_norm,     noTexture,         {0.50F, 0.30F, 0.30F}, 0.1F, 1.0F,  3.0F, 32.0F},
+    {"bigplant",         models::bigplant,         textures::bigplant,         noTexture,                  noTexture,         {0.30F, 0.70F, 0.20F}, 0.1F, 0.7F,  1.0F, 30.0F, true},
+    {"pot",              models::flowerpot,        noTexture,                  noTexture,                  noTexture,         {0.32F, 0.10F, 0.00F}, 0.1F, 0.7F,  0.3F, 30.0F},
+    {"burgerbox_bottom", models::burgerbox_bottom, noTexture,                  noTexture,                  noTexture,         {1.00F, 0.96F, 0.91F}, 0.1F, 1.0F,  1.0F, 30.0F},
+    {"burgerbox_top",    models::burgerbox_top,    textures::burgerbox_top,    noTexture,                  noTexture,         {0.50F, 0.50F, 0.30F}, 0.1F, 1.0F,  1.0F, 30.0F},
 };
 
 // 0.942 about Y times 1.57 about X: a bottle that lies on the table.
@@ -70,6 +71,8 @@ constexpr lumeth::Light lights[] = {
 };
 // clang-format on
 
+static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
+
 } // namespace
 
 RoomScene::RoomScene(zund::Renderer& renderer, const pack::Packfile& pack, const tolv::SyncDevice& sync,
@@ -82,7 +85,7 @@ RoomScene::RoomScene(zund::Renderer& renderer, const pack::Packfile& pack, const
     addNodes(scene, nodes);
     addLights(scene, lights);
     camera.lookUp(sync);
-    debug = sync.getTrack("debug");
+    debug = sync.getTrack(tracks::debug.name);
 }
 
 void RoomScene::update(zund::Renderer& /*renderer*/, double time, const tolv::SyncDevice& sync)

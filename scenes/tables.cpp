@@ -11,10 +11,10 @@
 namespace {
 
 void loadInto(zund::Texture& texture, zund::Renderer& renderer, const pack::Packfile& pack,
-              const TextureRow& row)
+              const catalogue::Texture& row)
 {
-    if (row.name != nullptr) {
-        texture = loadTexture(renderer, pack, row.name, row.width, row.height);
+    if (row.file != nullptr) {
+        texture = loadTexture(renderer, pack, row);
     }
 }
 
@@ -36,7 +36,7 @@ void addObjects(lumeth::Scene& scene, zund::Renderer& renderer, const pack::Pack
                 std::span<const ObjectRow> rows)
 {
     for (const ObjectRow& row : rows) {
-        lumeth::DisplayObject object = loadModel(renderer, row.model, false);
+        lumeth::DisplayObject object = loadModel(renderer, row.model.path, false);
         object.color = row.color;
         object.ambient = row.ambient;
         object.diffuse = row.diffuse;
@@ -61,7 +61,7 @@ void addTextLayer(lumeth::Scene& scene, zund::Renderer& renderer, const pack::Pa
     loadInto(object.colorTexture, renderer, pack, row.colorTexture);
     loadInto(object.normalTexture, renderer, pack, row.normalTexture);
     object.material = row.material(renderer, aspect);
-    scene.addObject("scroller", std::move(object));
+    scene.addObject(textLayerName, std::move(object));
 }
 
 void addNodes(lumeth::Scene& scene, std::span<const NodeRow> rows)

@@ -3,32 +3,18 @@
 #include "engine/scene.h"
 #include "gl/renderer.h"
 #include "pack/packfile.h"
+#include "scenes/catalogue.h"
 
+#include <algorithm>
 #include <glm/gtc/quaternion.hpp>
 #include <glm/vec3.hpp>
 #include <memory>
 #include <span>
+#include <string_view>
 
 // What a scene is written down as, and the short loops that build it from that.
 
-/// A texture of the pack, with the size that its file must have. Without a name: none.
-struct TextureRow {
-    const char* name = nullptr;
-    int width = 0;
-    int height = 0;
-};
-
-/// A texture that lies on a model.
-constexpr TextureRow surface(const char* name)
-{
-    return {name, 2048, 2048};
-}
-/// A picture over the whole frame.
-constexpr TextureRow fullFrame(const char* name)
-{
-    return {name, 3840, 2160};
-}
-constexpr TextureRow noTexture = {};
+constexpr catalogue::Texture noTexture = {};
 
 /// Makes a material for a picture of that aspect, width by height. Null: the scene's stock material.
 using MaterialMaker = std::unique_ptr<lumeth::Material> (*)(zund::Renderer& renderer, float aspect);
@@ -42,10 +28,10 @@ std::unique_ptr<lumeth::Material> make(zund::Renderer& renderer, float aspect)
 /// One model with its surface.
 struct ObjectRow {
     const char* name;
-    const char* model; ///< path of the file
-    TextureRow colorTexture;
-    TextureRow normalTexture;
-    TextureRow emissivityTexture;
+    catalogue::Model model;
+    catalogue::Texture colorTexture;
+    catalogue::Texture normalTexture;
+    catalogue::Texture emissivityTexture;
     glm::vec3 color;
     float ambient;
     float diffuse;
@@ -55,11 +41,14 @@ struct ObjectRow {
     MaterialMaker material = nullptr;
 };
 
-/// One picture over the whole frame, that neither camera nor node moves: "scroller".
+/// The object of a text layer.
+constexpr const char* textLayerName = "scroller";
+
+/// One picture over the whole frame, that neither camera nor node moves.
 struct TextLayerRow {
     float depth; ///< in clip space: -1 before everything, 0 in the middle
-    TextureRow colorTexture;
-    TextureRow normalTexture;
+    catalogue::Texture colorTexture;
+    catalogue::Texture normalTexture;
     MaterialMaker material;
 };
 
@@ -72,6 +61,63 @@ struct NodeRow {
     glm::quat orientation;
     float scale; ///< on all axes
 };
+
+constexpr std::string_view parentOf(const NodeRow& row)
+{
+    return row.parent != nullptr ? row.parent : "";
+}
+
+/// True if a node of the table stands at the end of a path of names, "toilet/bowl/lid".
+constexpr bool isPath(std::span<const NodeRow> rows, std::string_view path)
+{
+    const std::size_t slash = path.rfind('/');
+    const std::string_view parent = slash == std::string_view::npos ? "" : path.substr(0, slash);
+    const std::string_view name = slash == std::string_view::npos ? path : path.substr(slash + 1);
+    return std::any_of(rows.begin(), rows.end(), [parent, name](const NodeRow& row) {
+        return row.name == name && parentOf(row) == parent;
+    });
+}
+
+/// True if each parent is a node of an earlier row, which names reach from the root.
+template<std::size_t Count>
+consteval bool parentsStandAbove(const NodeRow (&rows)[Count])
+{
+    for (std::size_t i = 0; i < Count; ++i) {
+        if (rows[i].parent != nullptr && !isPath(std::span(rows).first(i), rows[i].parent)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// True if no parent has two nodes of one name.
+template<std::size_t Count>
+consteval bool namesAreUnique(const NodeRow (&rows)[Count])
+{
+    for (const NodeRow& row : rows) {
+        if (std::count_if(rows, rows + Count, [&row](const NodeRow& other) {
+                return std::string_view(other.name) == row.name && parentOf(other) == parentOf(row);
+            }) != 1)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// True if each node shows an object of one of the tables, or the text layer's, or nothing.
+template<std::size_t Count, typename... Tables>
+consteval bool objectsExist(const NodeRow (&rows)[Count], const Tables&... tables)
+{
+    return std::all_of(rows, rows + Count, [&](const NodeRow& row) {
+        const std::string_view object = row.object;
+        const auto holds = [object](const auto& table) {
+            return std::any_of(std::begin(table), std::end(table),
+                               [object](const ObjectRow& entry) { return object == entry.name; });
+        };
+        return object.empty() || object == textLayerName || (holds(tables) || ...);
+    });
+}
 
 /// The node at the end of a path of names, "toilet/bowl/lid". Throws `std::out_of_range` if there is none.
 tree::Node<lumeth::DisplayListItem>& findNode(lumeth::Scene& scene, const char* path);

@@ -1,8 +1,8 @@
 #include "scenes/textures.h"
 
-zund::Texture loadTexture(zund::Renderer& renderer, const pack::Packfile& pack, const std::string& name,
-                          int width, int height)
+zund::Texture loadTexture(zund::Renderer& renderer, const pack::Packfile& pack,
+                          const catalogue::Texture& texture)
 {
-    const void* data = pack.getFile(name, true);
-    return renderer.loadTextureDXT(width, height, data);
+    const void* data = pack.getFile(texture.file, true);
+    return renderer.loadTextureDXT(texture.width, texture.height, data);
 }

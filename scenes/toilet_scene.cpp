@@ -10,6 +10,7 @@
 
 namespace {
 
+using namespace catalogue;
 using namespace orientations;
 
 /// The text in two tones, that wobbles. Unlike the other text layers it sets its samplers.
@@ -49,9 +50,9 @@ private:
 
 // clang-format off
 constexpr ObjectRow objects[] = {
-    // name        model                    colour     normal     emission   colour                  amb   diff  spec  shin
-    {"toilet",     "assets/toilet.glb",     noTexture, noTexture, noTexture, {1.00F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
-    {"toilet_lid", "assets/toilet_lid.glb", noTexture, noTexture, noTexture, {1.00F, 0.96F, 0.91F},  0.1F, 1.0F, 1.0F, 30.0F},
+    // name        model               colour     normal     emission   colour                 amb   diff  spec  shin
+    {"toilet",     models::toilet,     noTexture, noTexture, noTexture, {1.00F, 0.96F, 0.91F}, 0.1F, 1.0F, 1.0F, 30.0F},
+    {"toilet_lid", models::toilet_lid, noTexture, noTexture, noTexture, {1.00F, 0.96F, 0.91F}, 0.1F, 1.0F, 1.0F, 30.0F},
 };
 
 constexpr NodeRow nodes[] = {
@@ -68,10 +69,11 @@ constexpr lumeth::Light lights[] = {
 };
 
 // Before everything. The border is loaded and bound, but the shader never samples it.
-constexpr TextLayerRow textLayer = {-1.0F, fullFrame("queue_main.dds"), fullFrame("queue_border.dds"),
-                                    make<ToiletShader>};
+constexpr TextLayerRow textLayer = {-1.0F, textures::queue_main, textures::queue_border, make<ToiletShader>};
 constexpr NodeRow textNode[] = {{"scroller", nullptr, "scroller", {0.0F, 0.0F, 0.0F}, none, 1.0F}};
 // clang-format on
+
+static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
 
 } // namespace
 
@@ -87,8 +89,8 @@ ToiletScene::ToiletScene(zund::Renderer& renderer, const pack::Packfile& pack, c
     addNodes(scene, nodes);
     addLights(scene, lights);
     camera.lookUp(sync);
-    burgerRotate = sync.getTrack("burger_rotate");
-    lidRotate = sync.getTrack("lid_rotate");
+    burgerRotate = sync.getTrack(tracks::burger_rotate.name);
+    lidRotate = sync.getTrack(tracks::lid_rotate.name);
     addTextLayer(scene, renderer, pack, aspect, textLayer);
     addNodes(scene, textNode);
 }
