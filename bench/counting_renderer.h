@@ -1,11 +1,11 @@
 #pragma once
 
-#include "tools/common/null_renderer.h"
+#include "tools/renderers/null_renderer.h"
 
 #include <cstddef>
 
 /// A renderer that only counts commands, so that what is measured is the scene's own work.
-class CountingRenderer : public tools::NullRenderer {
+class CountingRenderer : public tools::renderers::NullRenderer {
 public:
     std::size_t commands = 0;
 

@@ -8,8 +8,8 @@
 #include "scenes/shaders/credits_frag.h"
 #include "tests/engine/matrices.h"
 #include "tests/gl/offscreen_renderer.h"
+#include "tests/standins/glb_file.h"
 #include "tests/support/test_assets.h"
-#include "tools/standins/glb_file.h"
 
 #include <GL/glew.h>
 #include <algorithm>
@@ -521,7 +521,7 @@ protected:
     /// The square again, now through a file and the loader.
     void load(const Island& island, bool negateV)
     {
-        tools::Mesh mesh;
+        standins::Mesh mesh;
         for (const glm::vec2 corner :
              {glm::vec2(-2, -2), glm::vec2(2, -2), glm::vec2(2, 2), glm::vec2(-2, 2)}) {
             const glm::vec3 position(corner, 0.0F);
@@ -532,7 +532,7 @@ protected:
         }
         mesh.indices = {0, 1, 2, 0, 2, 3};
         const ShowFolder folder;
-        folder.write("square.glb", tools::encodeGlb("square", mesh));
+        folder.write("square.glb", standins::encodeGlb("square", mesh));
         testing::internal::CaptureStdout();
         const DisplayObject loaded = loadModel(renderer, folder.asset("square.glb").string(), negateV);
         testing::internal::GetCapturedStdout();

@@ -11,8 +11,8 @@ namespace {
 constexpr int gain = 8; // what the eye needs to find a difference of a few steps
 
 /// How far a channel of a picture lies outside of the golden one's range around it.
-int outside(const tools::RgbImage& picture, const tools::RgbImage& golden, std::size_t x, std::size_t y,
-            std::size_t channel)
+int outside(const tools::picture::RgbImage& picture, const tools::picture::RgbImage& golden, std::size_t x,
+            std::size_t y, std::size_t channel)
 {
     const std::size_t width = golden.size.width;
     const std::size_t height = golden.size.height;
@@ -44,7 +44,8 @@ std::string Comparison::text(const Tolerance& tolerance) const
                        pixels, tolerance.step, worst, worstX, worstY);
 }
 
-Comparison compare(const tools::RgbImage& picture, const tools::RgbImage& golden, const Tolerance& tolerance)
+Comparison compare(const tools::picture::RgbImage& picture, const tools::picture::RgbImage& golden,
+                   const Tolerance& tolerance)
 {
     if (picture.size != golden.size) {
         throw tools::Error("the picture",
@@ -76,9 +77,10 @@ Comparison compare(const tools::RgbImage& picture, const tools::RgbImage& golden
     return found;
 }
 
-tools::RgbImage differencePicture(const tools::RgbImage& picture, const tools::RgbImage& golden)
+tools::picture::RgbImage differencePicture(const tools::picture::RgbImage& picture,
+                                           const tools::picture::RgbImage& golden)
 {
-    tools::RgbImage difference = picture;
+    tools::picture::RgbImage difference = picture;
     for (std::size_t i = 0; i < difference.pixels.size(); ++i) {
         difference.pixels[i] =
             static_cast<std::uint8_t>(std::min(gain * std::abs(picture.pixels[i] - golden.pixels[i]), 255));

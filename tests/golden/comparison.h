@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -32,8 +32,9 @@ struct Comparison {
 };
 
 /// Throws `tools::Error` "the picture: is 480x270, expected 960x540" if the sizes differ.
-Comparison compare(const tools::RgbImage& picture, const tools::RgbImage& golden,
+Comparison compare(const tools::picture::RgbImage& picture, const tools::picture::RgbImage& golden,
                    const Tolerance& tolerance = {});
 
 /// Where and how much they differ: each channel's difference, eight times as strong. The sizes are equal.
-tools::RgbImage differencePicture(const tools::RgbImage& picture, const tools::RgbImage& golden);
+tools::picture::RgbImage differencePicture(const tools::picture::RgbImage& picture,
+                                           const tools::picture::RgbImage& golden);

@@ -8,14 +8,14 @@ using testing::ThrowsMessage;
 
 namespace {
 
-constexpr tools::Size size = {100, 50};
+constexpr tools::picture::Size size = {100, 50};
 
-tools::RgbImage grey(std::uint8_t level)
+tools::picture::RgbImage grey(std::uint8_t level)
 {
     return {size, std::vector<std::uint8_t>(std::size_t{3} * size.width * size.height, level)};
 }
 
-void setPixel(tools::RgbImage& picture, std::size_t x, std::size_t y, std::uint8_t level)
+void setPixel(tools::picture::RgbImage& picture, std::size_t x, std::size_t y, std::uint8_t level)
 {
     for (std::size_t i = 0; i < 3; ++i) {
         picture.pixels[3 * (y * size.width + x) + i] = level;
@@ -34,7 +34,7 @@ TEST(Comparison, TakesTwoStepsOfEachChannelForRounding)
 TEST(Comparison, LooksAtEachChannel)
 {
     for (std::size_t channel = 0; channel < 3; ++channel) {
-        tools::RgbImage picture = grey(100);
+        tools::picture::RgbImage picture = grey(100);
         for (std::size_t i = channel; i < picture.pixels.size(); i += 3) {
             picture.pixels[i] = 104;
         }
@@ -44,7 +44,7 @@ TEST(Comparison, LooksAtEachChannel)
 
 TEST(Comparison, ForgivesOneInAThousandPixelsATenth)
 {
-    tools::RgbImage picture = grey(100); // of 5000 pixels
+    tools::picture::RgbImage picture = grey(100); // of 5000 pixels
     for (std::size_t x = 0; x < 5; ++x) {
         setPixel(picture, x, 10, 125);
     }
@@ -58,7 +58,7 @@ TEST(Comparison, ForgivesOneInAThousandPixelsATenth)
 TEST(Comparison, ForgivesNoPixelMoreThanATenth)
 {
     for (const std::uint8_t level : {std::uint8_t{126}, std::uint8_t{74}}) {
-        tools::RgbImage picture = grey(100);
+        tools::picture::RgbImage picture = grey(100);
         setPixel(picture, 99, 49, level);
         const Comparison found = compare(picture, grey(100));
         EXPECT_FALSE(found.isSame());
@@ -68,13 +68,13 @@ TEST(Comparison, ForgivesNoPixelMoreThanATenth)
 
 TEST(Comparison, ForgivesAnEdgeThatMovesOverOnePixel)
 {
-    tools::RgbImage golden = grey(0);
+    tools::picture::RgbImage golden = grey(0);
     for (std::size_t y = 0; y < size.height; ++y) {
         for (std::size_t x = 50; x < size.width; ++x) {
             setPixel(golden, x, y, 255);
         }
     }
-    tools::RgbImage picture = golden;
+    tools::picture::RgbImage picture = golden;
     setPixel(picture, 50, 20, 0);
     setPixel(picture, 49, 30, 255);
     EXPECT_EQ(compare(picture, golden).beyond, 2U);
@@ -87,17 +87,17 @@ TEST(Comparison, ForgivesAnEdgeThatMovesOverOnePixel)
 
 TEST(Comparison, RefusesAnotherSize)
 {
-    const tools::RgbImage other = {{50, 100}, grey(0).pixels};
+    const tools::picture::RgbImage other = {{50, 100}, grey(0).pixels};
     EXPECT_THAT([&] { compare(other, grey(0)); },
                 ThrowsMessage<tools::Error>("the picture: is 50x100, expected 100x50"));
 }
 
 TEST(DifferencePicture, ShowsEachDifferenceEightfold)
 {
-    tools::RgbImage picture = grey(100);
+    tools::picture::RgbImage picture = grey(100);
     setPixel(picture, 3, 4, 97);
     setPixel(picture, 5, 6, 200);
-    const tools::RgbImage difference = differencePicture(picture, grey(100));
+    const tools::picture::RgbImage difference = differencePicture(picture, grey(100));
     const auto at = [&](std::size_t x, std::size_t y) {
         return difference.pixels[3 * (y * size.width + x)];
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/common/forwarding_renderer.h"
+#include "tools/renderers/forwarding_renderer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +14,7 @@
 // Renderers with one thing wrong each, for tests that are to see that a picture is wrong.
 
 /// Counts how often it did harm: one that met nothing to harm has shown nothing.
-class Defect : public tools::ForwardingRenderer {
+class Defect : public tools::renderers::ForwardingRenderer {
 public:
     using ForwardingRenderer::ForwardingRenderer;
 

@@ -1,11 +1,11 @@
 #include "tests/golden/golden_folder.h"
 
 #include "tests/golden/still_stage.h"
-#include "tools/capture/picture_file.h"
 #include "tools/common/atomic_file.h"
 #include "tools/common/error.h"
 #include "tools/common/read_file.h"
-#include "tools/packer/png_image.h"
+#include "tools/picture/picture_file.h"
+#include "tools/picture/png_image.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -19,13 +19,13 @@ fs::path goldenFile(const fs::path& folder, const Still& still)
     return folder / (std::string(still.name) + ".png");
 }
 
-tools::RgbImage readGolden(const fs::path& folder, const Still& still)
+tools::picture::RgbImage readGolden(const fs::path& folder, const Still& still)
 {
     const fs::path file = goldenFile(folder, still);
     if (!fs::exists(file)) {
         throw tools::Error(file.string(), "this golden picture is missing");
     }
-    tools::RgbImage picture = tools::decodePng(tools::readFile(file), file.string());
+    tools::picture::RgbImage picture = tools::picture::decodePng(tools::readFile(file), file.string());
     if (picture.size != stillSize) {
         throw tools::Error(file.string(),
                            fmt::format("is {}x{}, expected {}x{}", picture.size.width, picture.size.height,
@@ -38,7 +38,7 @@ std::vector<std::string> faultsOf(const fs::path& folder)
 {
     std::vector<std::string> faults;
     std::set<fs::path> expected;
-    std::vector<std::pair<std::string_view, tools::RgbImage>> pictures;
+    std::vector<std::pair<std::string_view, tools::picture::RgbImage>> pictures;
     for (const Still& still : stills()) {
         expected.insert(goldenFile(folder, still));
         try {
@@ -64,10 +64,10 @@ std::vector<std::string> faultsOf(const fs::path& folder)
     return faults;
 }
 
-std::string checkStill(const Still& still, const tools::RgbImage& picture, const fs::path& folder,
+std::string checkStill(const Still& still, const tools::picture::RgbImage& picture, const fs::path& folder,
                        const fs::path& differences)
 {
-    const tools::RgbImage golden = readGolden(folder, still);
+    const tools::picture::RgbImage golden = readGolden(folder, still);
     const Comparison found = compare(picture, golden);
     if (found.isSame()) {
         return {};
@@ -75,7 +75,7 @@ std::string checkStill(const Still& still, const tools::RgbImage& picture, const
     tools::makeFolder(differences);
     const fs::path drawn = goldenFile(differences, still);
     const fs::path difference = fs::path(drawn).replace_extension(".difference.png");
-    tools::AtomicFile(drawn, tools::encodePicture(picture)).commit();
-    tools::AtomicFile(difference, tools::encodePicture(differencePicture(picture, golden))).commit();
+    tools::AtomicFile(drawn, tools::picture::encodePicture(picture)).commit();
+    tools::AtomicFile(difference, tools::picture::encodePicture(differencePicture(picture, golden))).commit();
     return fmt::format("{}: {}; see {}", still.name, found.text(), difference.string());
 }

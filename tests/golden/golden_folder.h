@@ -13,7 +13,7 @@ std::filesystem::path goldenFile(const std::filesystem::path& folder, const Stil
 
 /// The golden picture of a still. Throws `tools::Error` with the file, if it is missing too: nothing records
 /// one but the command that is there for it.
-tools::RgbImage readGolden(const std::filesystem::path& folder, const Still& still);
+tools::picture::RgbImage readGolden(const std::filesystem::path& folder, const Still& still);
 
 /// What is amiss with the folder as such, a sentence each: pictures that are missing, that belong to no
 /// still, that have another size, and any two that could be taken for each other.
@@ -21,5 +21,5 @@ std::vector<std::string> faultsOf(const std::filesystem::path& folder);
 
 /// Compares a picture of a still with its golden one. Empty if they are the same; else a sentence, and
 /// NAME.png and NAME.difference.png lie in `differences`. Throws as `readGolden` does.
-std::string checkStill(const Still& still, const tools::RgbImage& picture,
+std::string checkStill(const Still& still, const tools::picture::RgbImage& picture,
                        const std::filesystem::path& folder, const std::filesystem::path& differences);

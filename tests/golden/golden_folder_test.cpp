@@ -1,9 +1,9 @@
 #include "tests/golden/golden_folder.h"
 
 #include "tests/golden/still_stage.h"
-#include "tests/tools/in_temporary_folder.h"
-#include "tools/capture/picture_file.h"
+#include "tests/support/in_temporary_folder.h"
 #include "tools/common/error.h"
+#include "tools/picture/picture_file.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -20,20 +20,20 @@ protected:
     {
         std::filesystem::create_directory("golden");
         const std::vector<std::uint8_t> black(std::size_t{3} * stillSize.width * stillSize.height);
-        tools::RgbImage picture{stillSize, black};
+        tools::picture::RgbImage picture{stillSize, black};
         std::size_t row = 0;
         for (const Still& still : stills()) { // each with a white bar of its own
             picture.pixels = black;
             const auto start =
                 picture.pixels.begin() + static_cast<std::ptrdiff_t>(row * 3 * stillSize.width);
             std::fill_n(start, 3 * stillSize.width, std::uint8_t{255});
-            write(goldenFile("golden", still), tools::encodePicture(picture));
+            write(goldenFile("golden", still), tools::picture::encodePicture(picture));
             pictures.push_back(picture);
             row += 4;
         }
     }
 
-    std::vector<tools::RgbImage> pictures;
+    std::vector<tools::picture::RgbImage> pictures;
 };
 
 TEST_F(GoldenFolder, IsInOrderWithOnePictureForEachStill)
@@ -61,8 +61,8 @@ TEST_F(GoldenFolder, HasNoOtherPictures)
 
 TEST_F(GoldenFolder, HasNoPicturesOfAnotherSize)
 {
-    const tools::RgbImage small{{4, 2}, std::vector<std::uint8_t>(24)};
-    write(goldenFile("golden", stills()[0]), tools::encodePicture(small));
+    const tools::picture::RgbImage small{{4, 2}, std::vector<std::uint8_t>(24)};
+    write(goldenFile("golden", stills()[0]), tools::picture::encodePicture(small));
     EXPECT_THAT(faultsOf("golden"), ElementsAre("golden/room_television.png: is 4x2, expected 480x270"));
 }
 
@@ -75,13 +75,13 @@ TEST_F(GoldenFolder, HasNoTwoPicturesThatCouldBeTakenForEachOther)
 
 TEST_F(GoldenFolder, TellsHowAPictureDiffersAndShowsIt)
 {
-    tools::RgbImage picture = pictures[2];
+    tools::picture::RgbImage picture = pictures[2];
     picture.pixels[3 * (100 * stillSize.width + 50)] = 200;
     EXPECT_EQ(checkStill(stills()[2], picture, "golden", "differences"),
               "room_sofa: 1 of 129600 pixels differ by more than 2/255, the worst by 200/255 at 50,100; see "
               "differences/room_sofa.difference.png");
     EXPECT_THAT(namesIn("differences"), ElementsAre("room_sofa.difference.png", "room_sofa.png"));
-    EXPECT_EQ(read("differences/room_sofa.png"), tools::encodePicture(picture));
+    EXPECT_EQ(read("differences/room_sofa.png"), tools::picture::encodePicture(picture));
 }
 
 TEST(Stills, TellOnlyTracksThatTheirScenesRead)

@@ -5,7 +5,7 @@
 #include "tests/golden/defects.h"
 #include "tests/golden/golden_folder.h"
 #include "tests/golden/still_stage.h"
-#include "tests/tools/in_temporary_folder.h"
+#include "tests/support/in_temporary_folder.h"
 #include "tools/common/quiet_output.h"
 
 #include <algorithm>
@@ -98,7 +98,7 @@ protected:
     GoldenPictures() { drawBySoftware(); }
 
     /// Empty if the picture is the still's golden one.
-    static std::string check(const Still& still, const tools::RgbImage& picture)
+    static std::string check(const Still& still, const tools::picture::RgbImage& picture)
     {
         return checkStill(still, picture, GOLDEN_PICTURES, "differences");
     }
@@ -108,8 +108,8 @@ protected:
 
 TEST_F(GoldenPictures, PassAsTheyAre)
 {
-    tools::HiddenWindow window(stillSize);
-    tools::ForwardingRenderer renderer(window.renderer());
+    tools::stage::HiddenWindow window(stillSize);
+    tools::renderers::ForwardingRenderer renderer(window.renderer());
     StillStage stage(window, renderer, SHOW_ASSETS);
     for (const Still& still : stills()) {
         EXPECT_EQ(check(still, stage.draw(still)), "");
@@ -118,7 +118,7 @@ TEST_F(GoldenPictures, PassAsTheyAre)
 
 TEST_F(GoldenPictures, DoNotPassFourStepsTooDark)
 {
-    tools::HiddenWindow window(stillSize);
+    tools::stage::HiddenWindow window(stillSize);
     ChangedShader dark(window.renderer(), "(texture(fbo, texcoord).rgb), 1.0)", // of both that encode gamma
                        "(texture(fbo, texcoord).rgb) - 4.0 / 255.0, 1.0)");
     StillStage stage(window, dark, SHOW_ASSETS);
@@ -133,7 +133,7 @@ class WrongPicture : public GoldenPictures, public testing::WithParamInterface<S
 TEST_P(WrongPicture, DoesNotPass)
 {
     const Still& still = find(GetParam().still);
-    tools::HiddenWindow window(stillSize);
+    tools::stage::HiddenWindow window(stillSize);
     const std::unique_ptr<Defect> defect = GetParam().make(window.renderer());
     StillStage stage(window, *defect, SHOW_ASSETS);
     const std::string fault = check(still, stage.draw(still));

@@ -2,11 +2,11 @@
 
 #include "tests/golden/golden_folder.h"
 #include "tests/golden/still_stage.h"
-#include "tools/capture/picture_file.h"
 #include "tools/common/atomic_file.h"
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
 #include "tools/common/quiet_output.h"
+#include "tools/picture/picture_file.h"
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -44,12 +44,13 @@ std::vector<const Still*> chosen(const Options& options)
 }
 
 /// Calls `use` with each chosen still and its picture.
-void drawStills(const Options& options, const std::function<void(const Still&, const tools::RgbImage&)>& use)
+void drawStills(const Options& options,
+                const std::function<void(const Still&, const tools::picture::RgbImage&)>& use)
 {
     const std::vector<const Still*> some = chosen(options);
     const tools::QuietOutput quiet;
     drawBySoftware();
-    tools::HiddenWindow window(stillSize);
+    tools::stage::HiddenWindow window(stillSize);
     StillStage stage(window, window.renderer(), options.assets);
     for (const Still* const still : some) {
         use(*still, stage.draw(*still));
@@ -60,7 +61,7 @@ void check(const Options& options)
 {
     std::vector<std::string> faults = faultsOf(options.pictures);
     std::size_t compared = 0;
-    drawStills(options, [&](const Still& still, const tools::RgbImage& picture) {
+    drawStills(options, [&](const Still& still, const tools::picture::RgbImage& picture) {
         if (!fs::exists(goldenFile(options.pictures, still))) {
             return; // told already
         }
@@ -84,9 +85,9 @@ void check(const Options& options)
 void make(const Options& options)
 {
     tools::makeFolder(options.pictures);
-    drawStills(options, [&](const Still& still, const tools::RgbImage& picture) {
+    drawStills(options, [&](const Still& still, const tools::picture::RgbImage& picture) {
         const fs::path file = goldenFile(options.pictures, still);
-        tools::AtomicFile(file, tools::encodePicture(picture)).commit();
+        tools::AtomicFile(file, tools::picture::encodePicture(picture)).commit();
         fmt::print(stderr, "{}\n", file.string());
     });
 }

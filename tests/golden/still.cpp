@@ -57,11 +57,10 @@ std::span<const Still> stills()
 
 float valueOf(const Still& still, std::string_view track)
 {
-    const std::span<const std::string_view> camera = tools::cameraTracks();
-    const auto inCamera = std::find(camera.begin(), camera.end(), track);
-    if (inCamera != camera.end()) {
-        const auto index = static_cast<glm::length_t>(inCamera - camera.begin());
-        return index < 3 ? still.place[index] : still.target[index - 3];
+    for (glm::length_t axis = 0; axis < 6; ++axis) {
+        if (track == catalogue::tracks::camera[axis]->name) {
+            return axis < 3 ? still.place[axis] : still.target[axis - 3];
+        }
     }
     const auto* const found = std::find_if(std::begin(still.others), std::end(still.others),
                                            [track](const TrackValue& other) { return other.track == track; });
@@ -70,11 +69,5 @@ float valueOf(const Still& still, std::string_view track)
 
 std::vector<std::string_view> tracksOf(const Still& still)
 {
-    const tools::SceneTracks& scene = tools::findScene(still.scene);
-    std::vector<std::string_view> tracks;
-    if (scene.hasCamera) {
-        tracks.assign(tools::cameraTracks().begin(), tools::cameraTracks().end());
-    }
-    tracks.insert(tracks.end(), scene.others.begin(), scene.others.end());
-    return tracks;
+    return tools::stage::tracksOf(tools::stage::findScene(still.scene));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/capture/scene_tracks.h"
+#include "tools/stage/scene_tracks.h"
 
 #include <cstdint>
 #include <glm/vec3.hpp>

@@ -1,8 +1,9 @@
 #include "tests/golden/still_stage.h"
 
-#include "tools/capture/values.h"
 #include "tools/common/atomic_file.h"
-#include "tools/trackc/track_file.h"
+#include "tools/stage/values.h"
+#include "tools/timeline/show_row.h"
+#include "tools/timeline/track_file.h"
 
 #include <cstdlib>
 #include <map>
@@ -22,23 +23,23 @@ void writeTracks()
         }
     }
     for (const auto& [track, keys] : tracks) {
-        tools::AtomicFile("assets/sync_" + track + ".track", tools::encodeTrack(keys)).commit();
+        tools::AtomicFile("assets/sync_" + track + ".track", tools::timeline::encodeTrack(keys)).commit();
     }
 }
 
 } // namespace
 
-StillStage::StillStage(tools::HiddenWindow& window, zund::Renderer& renderer,
+StillStage::StillStage(tools::stage::HiddenWindow& window, zund::Renderer& renderer,
                        const std::filesystem::path& assets)
     : folder(assets, {})
 {
     writeTracks();
-    stage = std::make_unique<tools::Stage>(window, renderer, assets.string());
+    stage = std::make_unique<tools::stage::Stage>(window, renderer, assets.string());
 }
 
-tools::RgbImage StillStage::draw(const Still& still)
+tools::picture::RgbImage StillStage::draw(const Still& still)
 {
-    return stage->draw(tools::findScene(still.scene).number, tools::timeOfRow(still.row));
+    return stage->draw(tools::stage::findScene(still.scene).number, tools::timeline::timeOfRow(still.row));
 }
 
 void drawBySoftware()

@@ -1,29 +1,30 @@
 #pragma once
 
 #include "tests/golden/still.h"
-#include "tools/capture/hidden_window.h"
-#include "tools/capture/stage.h"
-#include "tools/capture/stage_folder.h"
+#include "tools/stage/hidden_window.h"
+#include "tools/stage/stage.h"
+#include "tools/stage/stage_folder.h"
 
 #include <filesystem>
 #include <memory>
 
 /// The size of the stills.
-constexpr tools::Size stillSize = {480, 270};
+constexpr tools::picture::Size stillSize = {480, 270};
 
 /// Draws stills from a folder of assets, through `renderer`, which ends in the window's own. One at a time,
 /// as the process works in a folder of its own meanwhile; paths are best absolute.
 class StillStage {
 public:
     /// Throws `tools::Error` with the file and the reason.
-    StillStage(tools::HiddenWindow& window, zund::Renderer& renderer, const std::filesystem::path& assets);
+    StillStage(tools::stage::HiddenWindow& window, zund::Renderer& renderer,
+               const std::filesystem::path& assets);
 
     /// Makes the scene first, if this is its first still. Throws as the constructor does.
-    tools::RgbImage draw(const Still& still);
+    tools::picture::RgbImage draw(const Still& still);
 
 private:
-    tools::StageFolder folder;
-    std::unique_ptr<tools::Stage> stage;
+    tools::stage::StageFolder folder;
+    std::unique_ptr<tools::stage::Stage> stage;
 };
 
 /// From here on Mesa's software rasteriser draws, whatever else the machine has: pictures of other drivers

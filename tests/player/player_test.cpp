@@ -1,10 +1,10 @@
 #include "player/player.h"
 
+#include "scenes/catalogue.h"
 #include "tests/player/fake_platform.h"
+#include "tests/standins/model_boxes.h"
+#include "tests/standins/stand_ins.h"
 #include "tests/support/test_assets.h"
-#include "tools/packer/texture_sizes.h"
-#include "tools/standins/model_boxes.h"
-#include "tools/standins/stand_ins.h"
 
 #include <algorithm>
 #include <fstream>
@@ -69,11 +69,11 @@ class Player : public testing::Test {
 protected:
     Player()
     {
-        for (const tools::ModelBoxes& model : tools::standInModels()) {
-            folder.write(std::string(model.name) + ".glb", tools::modelFile(model.name));
+        for (const standins::ModelBoxes& model : standins::standInModels()) {
+            folder.write(std::string(model.name) + ".glb", standins::modelFile(model.name));
         }
         std::vector<std::pair<std::string, std::string>> textures;
-        for (const tools::TextureSize& texture : tools::textureSizes) {
+        for (const catalogue::Texture& texture : catalogue::allTextures) {
             textures.emplace_back(std::string(texture.name) + ".dds", ""); // no one looks at the texels here
         }
         folder.writePack(textures);

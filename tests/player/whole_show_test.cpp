@@ -1,6 +1,6 @@
+#include "scenes/catalogue.h"
+#include "tests/standins/model_boxes.h"
 #include "tests/support/test_assets.h"
-#include "tools/packer/texture_sizes.h"
-#include "tools/standins/model_boxes.h"
 
 #include <chrono>
 #include <csignal>
@@ -227,7 +227,7 @@ const Breakage breakages[] = {
 INSTANTIATE_TEST_SUITE_P(All, BrokenShow, testing::ValuesIn(breakages),
                          [](const auto& row) { return row.param.name; });
 
-class MissingTexture : public WholeShow, public testing::WithParamInterface<tools::TextureSize> {};
+class MissingTexture : public WholeShow, public testing::WithParamInterface<catalogue::Texture> {};
 
 TEST_P(MissingTexture, IsNamed)
 {
@@ -242,7 +242,7 @@ TEST_P(MissingTexture, IsNamed)
     EXPECT_THAT(result.errors,
                 HasSubstr("'std::out_of_range'\n  what():  No such file in pack: " + name + "\n"));
 }
-INSTANTIATE_TEST_SUITE_P(All, MissingTexture, testing::ValuesIn(tools::textureSizes),
+INSTANTIATE_TEST_SUITE_P(All, MissingTexture, testing::ValuesIn(catalogue::allTextures),
                          [](const auto& row) { return std::string(row.param.name); });
 
 class MissingModel : public WholeShow, public testing::WithParamInterface<std::string> {};
@@ -258,7 +258,7 @@ TEST_P(MissingModel, IsNotImported)
 std::vector<std::string> modelNames()
 {
     std::vector<std::string> names;
-    for (const tools::ModelBoxes& model : tools::standInModels()) {
+    for (const standins::ModelBoxes& model : standins::standInModels()) {
         names.emplace_back(model.name);
     }
     return names;

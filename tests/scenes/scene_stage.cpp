@@ -5,8 +5,8 @@
 #include "scenes/full_frame.h"
 #include "tests/engine/matrices.h"
 #include "tests/scenes/track_watch.h"
-#include "tools/standins/box_mesh.h"
-#include "tools/standins/glb_file.h"
+#include "tests/standins/box_mesh.h"
+#include "tests/standins/glb_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,12 +39,12 @@ constexpr unsigned long indicesOfABox = 36;
 /// The bytes of a model of that many boxes.
 std::string boxes(std::size_t count)
 {
-    std::vector<tools::Box> row;
+    std::vector<standins::Box> row;
     for (std::size_t i = 0; i < count; ++i) {
         const auto x = static_cast<float>(2 * i);
         row.push_back({{x, 0.0F, 0.0F}, {x + 1.0F, 1.0F, 1.0F}});
     }
-    return tools::encodeGlb("boxes", tools::meshOf(row));
+    return standins::encodeGlb("boxes", standins::meshOf(row));
 }
 
 std::string modelOfIndices(unsigned long indices)

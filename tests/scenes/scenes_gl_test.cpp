@@ -7,10 +7,10 @@
 #include "scenes/room_scene.h"
 #include "scenes/toilet_scene.h"
 #include "tests/gl/offscreen_renderer.h"
+#include "tests/standins/model_boxes.h"
+#include "tests/standins/stand_ins.h"
 #include "tests/support/test_assets.h"
 #include "tools/common/quiet_output.h"
-#include "tools/standins/model_boxes.h"
-#include "tools/standins/stand_ins.h"
 
 #include <GL/glew.h>
 #include <algorithm>
@@ -60,8 +60,8 @@ protected:
     explicit ScenePicture(int width = 480, int height = 270) : OffscreenRenderer(width, height)
     {
         folder.enter();
-        for (const tools::ModelBoxes& model : tools::standInModels()) {
-            folder.write(std::string(model.name) + ".glb", tools::modelFile(model.name));
+        for (const standins::ModelBoxes& model : standins::standInModels()) {
+            folder.write(std::string(model.name) + ".glb", standins::modelFile(model.name));
         }
     }
     void open(const std::vector<std::string>& textures, const TrackValues& values)
@@ -69,7 +69,7 @@ protected:
         std::vector<std::pair<std::string, std::string>> files;
         files.reserve(textures.size());
         for (const std::string& name : textures) {
-            files.emplace_back(name + ".dds", tools::textureFile(name));
+            files.emplace_back(name + ".dds", standins::textureFile(name));
         }
         openPack(files, values);
     }
@@ -296,7 +296,7 @@ const TextLayer toiletLayer = {"toilet",
 class BlockPicture {
 public:
     explicit BlockPicture(const std::string& name)
-        : file(tools::textureFile(name)),
+        : file(standins::textureFile(name)),
           width(name == "unlimited" ? 2048 : 3840),
           height(name == "unlimited" ? 2048 : 2160)
     {
@@ -531,7 +531,7 @@ TEST_F(ScenePicture, OfTheTvIsTornInBurstsAndOnlyWhereItsMapIsLit)
     files.reserve(std::size(roomTextures));
     for (const std::string& name : roomTextures) {
         files.emplace_back(name + ".dds",
-                           name == "tv_emit" ? flatTexture(2048, 2048, 0) : tools::textureFile(name));
+                           name == "tv_emit" ? flatTexture(2048, 2048, 0) : standins::textureFile(name));
     }
     openPack(files, atTheTv);
     const Frame dark = draw(make<RoomScene>(), 1.0);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/common/null_renderer.h"
+#include "tools/renderers/null_renderer.h"
 
 #include <map>
 #include <string>
@@ -9,7 +9,7 @@
 /// A renderer that makes nothing and writes everything down. A call reads
 /// "createTexture2d(RGB16F, 320, 200) = 5". Shader texts are kept whole, and stand in calls by the order of
 /// their first appearance: "source 1".
-class RecordingRenderer : public tools::NullRenderer {
+class RecordingRenderer : public tools::renderers::NullRenderer {
 public:
     /// A mesh as `createIndexedBuffer` got it; what was null is empty.
     struct Mesh {

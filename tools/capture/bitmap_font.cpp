@@ -4,7 +4,7 @@
 #include <cctype>
 #include <cstddef>
 
-namespace tools {
+namespace tools::capture {
 
 namespace {
 
@@ -73,7 +73,8 @@ const Glyph* findGlyph(char character)
 }
 
 /// A square of `side` pixels, cut off at `right` and at the lower edge.
-void drawDot(RgbImage& image, std::uint32_t x, std::uint32_t y, std::uint32_t side, std::uint32_t right)
+void drawDot(picture::RgbImage& image, std::uint32_t x, std::uint32_t y, std::uint32_t side,
+             std::uint32_t right)
 {
     const std::uint32_t end = std::min({x + side, right, image.size.width});
     const std::uint32_t bottom = std::min(y + side, image.size.height);
@@ -87,8 +88,8 @@ void drawDot(RgbImage& image, std::uint32_t x, std::uint32_t y, std::uint32_t si
 
 } // namespace
 
-void drawText(RgbImage& image, std::string_view text, std::uint32_t x, std::uint32_t y, std::uint32_t right,
-              std::uint32_t scale)
+void drawText(picture::RgbImage& image, std::string_view text, std::uint32_t x, std::uint32_t y,
+              std::uint32_t right, std::uint32_t scale)
 {
     for (const char character : text) {
         const Glyph* const glyph = findGlyph(character);
@@ -103,4 +104,4 @@ void drawText(RgbImage& image, std::string_view text, std::uint32_t x, std::uint
     }
 }
 
-} // namespace tools
+} // namespace tools::capture

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstdint>
 #include <string_view>
 
-namespace tools {
+namespace tools::capture {
 
 constexpr std::uint32_t glyphWidth = 6; ///< with the gap to the next one
 constexpr std::uint32_t glyphHeight = 7;
@@ -14,7 +14,7 @@ constexpr std::uint32_t glyphHeight = 7;
 /// `y`. What reaches beyond `right`, or the picture, is cut off. Knows digits, letters, which all come out as
 /// capitals, and
 /// ".:-"; anything else is a gap.
-void drawText(RgbImage& image, std::string_view text, std::uint32_t x, std::uint32_t y, std::uint32_t right,
-              std::uint32_t scale);
+void drawText(picture::RgbImage& image, std::string_view text, std::uint32_t x, std::uint32_t y,
+              std::uint32_t right, std::uint32_t scale);
 
-} // namespace tools
+} // namespace tools::capture

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::capture {
 
 namespace {
 
@@ -20,22 +20,22 @@ constexpr double mostBars = 1e6;
 
 /// Pixels for a dot of the text: so that a line of 36 characters fits under a still, but two may touch on
 /// tiny ones.
-std::uint32_t textScale(Size still)
+std::uint32_t textScale(picture::Size still)
 {
     return std::max(1U, still.width / (36 * glyphWidth));
 }
 
-std::uint32_t cellWidth(Size still)
+std::uint32_t cellWidth(picture::Size still)
 {
     return still.width + gap;
 }
 
-std::uint32_t cellHeight(Size still)
+std::uint32_t cellHeight(picture::Size still)
 {
     return still.height + ContactSheet::textHeight(still) + gap;
 }
 
-Size sheetSize(Size still, std::uint32_t count, std::uint32_t columns)
+picture::Size sheetSize(picture::Size still, std::uint32_t count, std::uint32_t columns)
 {
     const std::uint64_t rows = (std::uint64_t{count} + columns - 1) / columns;
     const std::uint64_t width = gap + std::uint64_t{columns} * cellWidth(still);
@@ -57,7 +57,7 @@ void checkBar(const char* option, double bar)
 
 } // namespace
 
-ContactSheet::ContactSheet(Size still, std::uint32_t count, std::uint32_t columns)
+ContactSheet::ContactSheet(picture::Size still, std::uint32_t count, std::uint32_t columns)
     : still(still),
       columns(std::clamp(columns, 1U, std::max(count, 1U))),
       sheet{sheetSize(still, count, this->columns), {}}
@@ -65,7 +65,7 @@ ContactSheet::ContactSheet(Size still, std::uint32_t count, std::uint32_t column
     sheet.pixels.assign(std::size_t{3} * sheet.size.width * sheet.size.height, paper);
 }
 
-void ContactSheet::add(const RgbImage& frame, const std::string& text)
+void ContactSheet::add(const picture::RgbImage& frame, const std::string& text)
 {
     const std::uint32_t left = gap + filled % columns * cellWidth(still);
     const std::uint32_t top = gap + filled / columns * cellHeight(still);
@@ -80,7 +80,7 @@ void ContactSheet::add(const RgbImage& frame, const std::string& text)
     ++filled;
 }
 
-std::uint32_t ContactSheet::textHeight(Size still)
+std::uint32_t ContactSheet::textHeight(picture::Size still)
 {
     return textScale(still) * (glyphHeight + 4);
 }
@@ -108,4 +108,4 @@ std::vector<std::int32_t> sheetRows(double every, double from, double to)
     return rows;
 }
 
-} // namespace tools
+} // namespace tools::capture

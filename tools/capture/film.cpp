@@ -1,16 +1,16 @@
 #include "tools/capture/film.h"
 
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 #include "sync/tools.h"
-#include "tools/capture/hidden_window.h"
 #include "tools/capture/parts_folder.h"
-#include "tools/capture/progress.h"
-#include "tools/capture/stage.h"
-#include "tools/capture/stage_folder.h"
-#include "tools/common/bar_position.h"
 #include "tools/common/error.h"
 #include "tools/common/quiet_output.h"
 #include "tools/common/read_file.h"
+#include "tools/stage/hidden_window.h"
+#include "tools/stage/progress.h"
+#include "tools/stage/stage.h"
+#include "tools/stage/stage_folder.h"
+#include "tools/timeline/bar_position.h"
 #include "tools/video/cancel_signals.h"
 #include "tools/video/join.h"
 #include "tools/video/new_file.h"
@@ -25,7 +25,7 @@
 #include <set>
 #include <string>
 
-namespace tools {
+namespace tools::capture {
 
 namespace {
 
@@ -52,7 +52,7 @@ void checkOutput(const FilmOptions& options)
     if (fs::exists(output) && !options.overwrite) {
         throw Error(output.string(), "is there already; --overwrite replaces it");
     }
-    const NewFile trial(output); // before hours are spent on it
+    const video::NewFile trial(output); // before hours are spent on it
 }
 
 fs::path musicIn(const fs::path& assets)
@@ -75,7 +75,7 @@ std::string fingerprintOf(const fs::path& assets)
             files.insert(entry.path());
         }
     }
-    Fingerprint fingerprint;
+    video::Fingerprint fingerprint;
     for (const fs::path& file : files) {
         fingerprint.add(file.filename().string());
         fingerprint.add(readFile(file));
@@ -85,40 +85,40 @@ std::string fingerprintOf(const fs::path& assets)
 
 std::string fingerprintOfProgram()
 {
-    Fingerprint fingerprint;
+    video::Fingerprint fingerprint;
     fingerprint.add(readFile("/proc/self/exe"));
     return fingerprint.text();
 }
 
 /// The first frame in which the show is over.
-std::int64_t endOfShow(const Stage& stage, int fps)
+std::int64_t endOfShow(const stage::Stage& stage, int fps)
 {
     for (std::int64_t frame = 0; frame < std::int64_t{longestShow} * fps; ++frame) {
-        if (stage.sceneAt(timeOfFrame(frame, fps)) == scene_numbers::end) {
+        if (stage.sceneAt(video::timeOfFrame(frame, fps)) == catalogue::endOfShow) {
             return frame;
         }
     }
     throw Error("capture video", "the track scene ends the show nowhere; --to says where the video ends");
 }
 
-FrameRange framesOf(const FilmOptions& options, const Stage& stage)
+video::FrameRange framesOf(const FilmOptions& options, const stage::Stage& stage)
 {
     const int fps = options.format.fps;
-    const std::int64_t first = firstFrameOfRow(options.fromRow, fps);
+    const std::int64_t first = video::firstFrameOfRow(options.fromRow, fps);
     if (!options.toRow) {
         const std::int64_t end = endOfShow(stage, fps);
         if (first >= end) {
-            throw Error("--from " + barPosition(options.fromRow), "the show is over there");
+            throw Error("--from " + timeline::barPosition(options.fromRow), "the show is over there");
         }
         return {first, end};
     }
-    const std::int64_t end = firstFrameOfRow(*options.toRow, fps);
+    const std::int64_t end = video::firstFrameOfRow(*options.toRow, fps);
     if (first >= end) {
-        throw Error("--to " + barPosition(*options.toRow),
-                    "no frame lies between --from " + barPosition(options.fromRow) + " and there");
+        throw Error("--to " + timeline::barPosition(*options.toRow),
+                    "no frame lies between --from " + timeline::barPosition(options.fromRow) + " and there");
     }
-    if (stage.sceneAt(timeOfFrame(end - 1, fps)) == scene_numbers::end) {
-        throw Error("--to " + barPosition(*options.toRow), "the show is over before");
+    if (stage.sceneAt(video::timeOfFrame(end - 1, fps)) == catalogue::endOfShow) {
+        throw Error("--to " + timeline::barPosition(*options.toRow), "the show is over before");
     }
     return {first, end};
 }
@@ -126,22 +126,22 @@ FrameRange framesOf(const FilmOptions& options, const Stage& stage)
 /// Draws frames, and knows what that took.
 class Camera {
 public:
-    Camera(Stage& stage, HiddenWindow& window, const VideoFormat& format)
+    Camera(stage::Stage& stage, stage::HiddenWindow& window, const video::VideoFormat& format)
         : stage(stage), window(window), format(format)
     {
     }
 
     /// Makes a piece of a video, with `progress` told of each frame.
-    void film(const VideoTag& tag, const fs::path& target, Progress& progress)
+    void film(const video::VideoTag& tag, const fs::path& target, stage::Progress& progress)
     {
         prepare(tag.frames);
         std::vector<double> took; // seconds from a frame to the next
         const Clock::time_point start = Clock::now();
-        NewFile file(target);
-        VideoEncoder encoder(format, file.aside(), writeTag(tag));
+        video::NewFile file(target);
+        video::VideoEncoder encoder(format, file.aside(), video::writeTag(tag));
         Clock::time_point last = Clock::now();
         for (std::int64_t frame = tag.frames.first; frame < tag.frames.end; ++frame) {
-            CancelSignals::check();
+            video::CancelSignals::check();
             show(frame);
             window.readRows(encoder.frame());
             encoder.send();
@@ -150,7 +150,7 @@ public:
             last = Clock::now();
         }
         encoder.finish();
-        checkVideo(probe(file.aside()), target, format, tag.frames.count(), false);
+        video::checkVideo(video::probe(file.aside()), target, format, tag.frames.count(), false);
         file.commit();
         frames += tag.frames.count();
         seconds += secondsSince(start);
@@ -174,33 +174,34 @@ public:
 
 private:
     /// Makes the scenes of these frames, so that it does not count as drawing.
-    void prepare(FrameRange range)
+    void prepare(video::FrameRange range)
     {
         for (std::int64_t frame = range.first; frame < range.end; ++frame) {
-            stage.prepare(stage.sceneAt(timeOfFrame(frame, format.fps)));
+            stage.prepare(stage.sceneAt(video::timeOfFrame(frame, format.fps)));
         }
     }
 
     void show(std::int64_t frame) const
     {
-        const double time = timeOfFrame(frame, format.fps);
+        const double time = video::timeOfFrame(frame, format.fps);
         stage.show(stage.sceneAt(time), time);
     }
 
     /// Draws some frames of a piece once more, now without an encoder, to judge what all would take so: at
     /// once, as machines have other work too. A few in a row, as the first after another is slower.
-    void drawSomeAlone(FrameRange range, const std::vector<double>& took)
+    void drawSomeAlone(video::FrameRange range, const std::vector<double>& took)
     {
         constexpr std::int64_t inARow = 4;
         constexpr std::int64_t framesForARow = 200; // 2 % of them are drawn twice
         double with = 0.0;
         double without = 0.0;
         for (const std::int64_t middle :
-             spreadOver(range, std::max<std::int64_t>(range.count() / framesForARow, 2))) {
+             video::spreadOver(range, std::max<std::int64_t>(range.count() / framesForARow, 2)))
+        {
             const std::int64_t first = std::max(middle - inARow / 2, range.first);
             const std::int64_t end = std::min(first + inARow, range.end);
             for (std::int64_t frame = first; frame < end; ++frame) {
-                CancelSignals::check();
+                video::CancelSignals::check();
                 const Clock::time_point start = Clock::now();
                 show(frame);
                 window.renderer().finish();
@@ -214,9 +215,9 @@ private:
         secondsAlone += std::accumulate(took.begin(), took.end(), 0.0) * without / with;
     }
 
-    Stage& stage;
-    HiddenWindow& window;
-    VideoFormat format;
+    stage::Stage& stage;
+    stage::HiddenWindow& window;
+    video::VideoFormat format;
     std::int64_t frames = 0;   ///< of all pieces
     double seconds = 0.0;      ///< that they took
     double secondsAlone = 0.0; ///< that they would take without encoder, by the samples
@@ -224,20 +225,24 @@ private:
 };
 
 /// Draws what the folder does not hold yet, and gives what is to be in the video, piece by piece.
-std::vector<VideoTag> filmPieces(const FilmOptions& options, VideoTag tag, const PartsFolder& parts)
+std::vector<video::VideoTag> filmPieces(const FilmOptions& options, video::VideoTag tag,
+                                        const PartsFolder& parts)
 {
     const QuietOutput quiet;
-    const StageFolder folder(options.assets, {});
-    HiddenWindow window(options.format.size);
-    Stage stage(window, options.assets.string());
+    const stage::StageFolder folder(options.assets, {});
+    stage::HiddenWindow window(options.format.size);
+    stage::Stage stage(window, options.assets.string());
     tag.whole = framesOf(options, stage);
-    const FrameRange share =
-        options.share ? shareOf(tag.whole, *options.share, groupLength(options.format.fps)) : tag.whole;
+    const video::FrameRange share =
+        options.share ? video::shareOf(tag.whole, *options.share, video::groupLength(options.format.fps))
+                      : tag.whole;
 
-    std::vector<VideoTag> pieces;
-    std::vector<VideoTag> missing;
+    std::vector<video::VideoTag> pieces;
+    std::vector<video::VideoTag> missing;
     std::int64_t done = 0;
-    for (const FrameRange frames : piecesOf(share, pieceGroups * groupLength(options.format.fps))) {
+    for (const video::FrameRange frames :
+         video::piecesOf(share, pieceGroups * video::groupLength(options.format.fps)))
+    {
         tag.frames = frames;
         pieces.push_back(tag);
         if (parts.holds(tag)) {
@@ -251,8 +256,8 @@ std::vector<VideoTag> filmPieces(const FilmOptions& options, VideoTag tag, const
     }
     Camera camera(stage, window, options.format);
     {
-        Progress progress(share.count(), done);
-        for (const VideoTag& piece : missing) {
+        stage::Progress progress(share.count(), done);
+        for (const video::VideoTag& piece : missing) {
             camera.film(piece, parts.fileOf(piece.frames), progress);
         }
     }
@@ -261,35 +266,35 @@ std::vector<VideoTag> filmPieces(const FilmOptions& options, VideoTag tag, const
 }
 
 /// Joins files to one that appears under its name only once it is found to be right.
-void finishFilm(const std::vector<fs::path>& files, const VideoTag& tag, const std::optional<MusicCut>& music,
-                const fs::path& output)
+void finishFilm(const std::vector<fs::path>& files, const video::VideoTag& tag,
+                const std::optional<video::MusicCut>& music, const fs::path& output)
 {
-    NewFile file(output);
-    joinFiles(files, music, tag.format.fps, writeTag(tag), file.aside());
-    checkVideo(probe(file.aside()), output, tag.format, tag.frames.count(), music.has_value());
+    video::NewFile file(output);
+    video::joinFiles(files, music, tag.format.fps, video::writeTag(tag), file.aside());
+    video::checkVideo(video::probe(file.aside()), output, tag.format, tag.frames.count(), music.has_value());
     file.commit();
     fmt::print(stderr, "{}: {} frames of {}x{}, {} a second, {:.3f} seconds{}\n", output.string(),
                tag.frames.count(), tag.format.size.width, tag.format.size.height, tag.format.fps,
-               timeOfFrame(tag.frames.count(), tag.format.fps),
+               video::timeOfFrame(tag.frames.count(), tag.format.fps),
                music ? "; the music starts with the first" : "");
 }
 
 void filmInParts(const FilmOptions& options)
 {
-    VideoTag tag{options.format, {}, {}, fingerprintOf(options.assets), fingerprintOfProgram()};
+    video::VideoTag tag{options.format, {}, {}, fingerprintOf(options.assets), fingerprintOfProgram()};
     const fs::path musicFile = options.share ? fs::path() : musicIn(options.assets);
     PartsFolder parts(options.output);
-    const std::vector<VideoTag> pieces = filmPieces(options, tag, parts);
+    const std::vector<video::VideoTag> pieces = filmPieces(options, tag, parts);
     std::vector<fs::path> files;
     files.reserve(pieces.size());
-    for (const VideoTag& piece : pieces) {
+    for (const video::VideoTag& piece : pieces) {
         files.push_back(parts.fileOf(piece.frames));
     }
     tag = pieces.front();
     tag.frames.end = pieces.back().frames.end;
-    std::optional<MusicCut> music;
+    std::optional<video::MusicCut> music;
     if (!options.share) {
-        music = musicOf(musicFile, tag.frames, options.format.fps);
+        music = video::musicOf(musicFile, tag.frames, options.format.fps);
     }
     finishFilm(files, tag, music, options.output);
     parts.remove();
@@ -299,13 +304,13 @@ void filmInParts(const FilmOptions& options)
 
 void film(const FilmOptions& options)
 {
-    checkVideoSize(options.format.size);
+    video::checkVideoSize(options.format.size);
     checkOutput(options);
-    checkFfmpeg();
-    const CancelSignals signals;
+    video::checkFfmpeg();
+    const video::CancelSignals signals;
     try {
         filmInParts(options);
-    } catch (const Cancelled&) {
+    } catch (const video::Cancelled&) {
         throw Error(options.output.string(), fs::exists(options.output.string() + ".parts")
                                                  ? "cancelled; what is finished lies in " +
                                                        options.output.string() +
@@ -317,16 +322,16 @@ void film(const FilmOptions& options)
 void joinFilm(const std::vector<fs::path>& parts, const FilmOptions& options)
 {
     checkOutput(options);
-    checkFfmpeg();
-    const CancelSignals signals;
+    video::checkFfmpeg();
+    const video::CancelSignals signals;
     try {
-        std::vector<VideoPart> found;
+        std::vector<video::VideoPart> found;
         found.reserve(parts.size());
         for (const fs::path& part : parts) {
-            found.push_back(readPart(part));
+            found.push_back(video::readPart(part));
         }
-        found = fitTogether(std::move(found));
-        VideoTag tag = found.front().tag;
+        found = video::fitTogether(std::move(found));
+        video::VideoTag tag = found.front().tag;
         if (tag.assets != fingerprintOf(options.assets)) {
             throw Error(found.front().file.string(),
                         "was drawn from other assets than those in " + options.assets.string());
@@ -334,13 +339,14 @@ void joinFilm(const std::vector<fs::path>& parts, const FilmOptions& options)
         tag.frames = tag.whole;
         std::vector<fs::path> files;
         files.reserve(found.size());
-        for (const VideoPart& part : found) {
+        for (const video::VideoPart& part : found) {
             files.push_back(part.file);
         }
-        finishFilm(files, tag, musicOf(musicIn(options.assets), tag.whole, tag.format.fps), options.output);
-    } catch (const Cancelled&) {
+        finishFilm(files, tag, video::musicOf(musicIn(options.assets), tag.whole, tag.format.fps),
+                   options.output);
+    } catch (const video::Cancelled&) {
         throw Error(options.output.string(), "cancelled; nothing is left of it");
     }
 }
 
-} // namespace tools
+} // namespace tools::capture

@@ -8,16 +8,16 @@
 #include <optional>
 #include <vector>
 
-namespace tools {
+namespace tools::capture {
 
 /// What to film, and where it goes.
 struct FilmOptions {
     std::filesystem::path output; ///< NAME.mp4
     std::filesystem::path assets; ///< a folder
-    VideoFormat format;
+    video::VideoFormat format;
     std::int32_t fromRow = 0;
     std::optional<std::int32_t> toRow; ///< the show's end if none
-    std::optional<Share> share;        ///< of these frames, to be joined with the others; without sound
+    std::optional<video::Share> share; ///< of these frames, to be joined with the others; without sound
     bool overwrite = false;            ///< an existing file
 };
 
@@ -33,4 +33,4 @@ void film(const FilmOptions& options);
 /// `film` does.
 void joinFilm(const std::vector<std::filesystem::path>& parts, const FilmOptions& options);
 
-} // namespace tools
+} // namespace tools::capture

@@ -1,16 +1,17 @@
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 #include "tools/capture/contact_sheet.h"
 #include "tools/capture/film.h"
-#include "tools/capture/hidden_window.h"
-#include "tools/capture/overrides.h"
-#include "tools/capture/picture_file.h"
-#include "tools/capture/scene_tracks.h"
-#include "tools/capture/stage.h"
-#include "tools/capture/stage_folder.h"
-#include "tools/capture/values.h"
-#include "tools/common/bar_position.h"
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
+#include "tools/picture/picture_file.h"
+#include "tools/stage/hidden_window.h"
+#include "tools/stage/overrides.h"
+#include "tools/stage/scene_tracks.h"
+#include "tools/stage/stage.h"
+#include "tools/stage/stage_folder.h"
+#include "tools/stage/values.h"
+#include "tools/timeline/bar_position.h"
+#include "tools/timeline/show_row.h"
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -87,16 +88,16 @@ private:
 double readTime(const Options& options, const char* fallback)
 {
     if (!options.row.empty()) {
-        return tools::timeOfRow(tools::parseShowRow(options.row));
+        return tools::timeline::timeOfRow(tools::timeline::parseShowRow(options.row));
     }
     if (!options.bar.empty()) {
-        return tools::timeOfRow(tools::parseBar(options.bar));
+        return tools::timeline::timeOfRow(tools::timeline::parseBar(options.bar));
     }
     const std::string time = options.time.empty() ? fallback : options.time;
     if (time.empty()) {
         throw tools::Error("capture still", "give one of --row ROW, --time SECONDS and --bar BAR");
     }
-    const double seconds = tools::parseNumber("--time " + time, time);
+    const double seconds = tools::stage::parseNumber("--time " + time, time);
     if (seconds < 0.0) {
         throw tools::Error("--time " + time, "the show starts at 0");
     }
@@ -106,14 +107,14 @@ double readTime(const Options& options, const char* fallback)
 void captureStill(const Options& options)
 {
     const double time = readTime(options, "");
-    const tools::PictureFile file(options.output);
-    const tools::Size size =
-        tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
-    tools::RgbImage picture;
+    const tools::picture::PictureFile file(options.output);
+    const tools::picture::Size size =
+        tools::stage::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    tools::picture::RgbImage picture;
     {
-        const tools::StageFolder folder(options.assets, {});
-        tools::HiddenWindow window(size);
-        tools::Stage stage(window, options.assets.string());
+        const tools::stage::StageFolder folder(options.assets, {});
+        tools::stage::HiddenWindow window(size);
+        tools::stage::Stage stage(window, options.assets.string());
         picture = stage.draw(stage.sceneAt(time), time);
     }
     file.write(picture);
@@ -122,18 +123,20 @@ void captureStill(const Options& options)
 /// What stands under a still of the sheet.
 std::string caption(std::int32_t row, float scene)
 {
-    const std::string_view name = scene_numbers::nameOf(scene);
-    return fmt::format("bar {} row {} {}", tools::barPosition(row), row, name.empty() ? "no scene" : name);
+    const std::string_view name = catalogue::nameOf(scene);
+    return fmt::format("bar {} row {} {}", tools::timeline::barPosition(row), row,
+                       name.empty() ? "no scene" : name);
 }
 
-tools::ContactSheet drawSheet(const Options& options, tools::Size size, const std::vector<std::int32_t>& rows)
+tools::capture::ContactSheet drawSheet(const Options& options, tools::picture::Size size,
+                                       const std::vector<std::int32_t>& rows)
 {
-    tools::ContactSheet sheet(size, static_cast<std::uint32_t>(rows.size()), options.columns);
-    const tools::StageFolder folder(options.assets, {});
-    tools::HiddenWindow window(size);
-    tools::Stage stage(window, options.assets.string());
+    tools::capture::ContactSheet sheet(size, static_cast<std::uint32_t>(rows.size()), options.columns);
+    const tools::stage::StageFolder folder(options.assets, {});
+    tools::stage::HiddenWindow window(size);
+    tools::stage::Stage stage(window, options.assets.string());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const double time = tools::timeOfRow(rows[i]);
+        const double time = tools::timeline::timeOfRow(rows[i]);
         const float scene = stage.sceneAt(time);
         const std::string text = caption(rows[i], scene);
         sheet.add(stage.draw(scene, time), text);
@@ -144,52 +147,53 @@ tools::ContactSheet drawSheet(const Options& options, tools::Size size, const st
 
 double barOption(const std::string& option, const std::string& text)
 {
-    return tools::parseNumber(option + " " + text, text);
+    return tools::stage::parseNumber(option + " " + text, text);
 }
 
 void captureSheet(const Options& options)
 {
     const std::vector<std::int32_t> rows =
-        tools::sheetRows(barOption("--every", options.every), barOption("--from", options.from),
-                         barOption("--to", options.to));
-    const tools::PictureFile file(options.output);
-    const tools::Size size =
-        tools::parsePictureSize("--size", options.size.empty() ? sheetStillSize : options.size);
+        tools::capture::sheetRows(barOption("--every", options.every), barOption("--from", options.from),
+                                  barOption("--to", options.to));
+    const tools::picture::PictureFile file(options.output);
+    const tools::picture::Size size =
+        tools::stage::parsePictureSize("--size", options.size.empty() ? sheetStillSize : options.size);
     file.write(drawSheet(options, size, rows).picture());
 }
 
-tools::Overrides readOverrides(const Options& options, const tools::SceneTracks& scene)
+tools::stage::Overrides readOverrides(const Options& options, const catalogue::Scene& scene)
 {
-    tools::Overrides overrides;
+    tools::stage::Overrides overrides;
     for (const std::string& text : options.set) {
-        tools::setTrack(overrides, scene, text);
+        tools::stage::setTrack(overrides, scene, text);
     }
     if (!options.eye.empty() && options.eye == options.target) {
         throw tools::Error("--target " + options.target, "the camera stands there");
     }
     if (!options.eye.empty()) {
-        tools::setEye(overrides, scene, tools::parsePoint("--eye", options.eye), "--eye " + options.eye);
+        tools::stage::setEye(overrides, scene, tools::stage::parsePoint("--eye", options.eye),
+                             "--eye " + options.eye);
     }
     if (!options.target.empty()) {
-        tools::setTarget(overrides, scene, tools::parsePoint("--target", options.target),
-                         "--target " + options.target);
+        tools::stage::setTarget(overrides, scene, tools::stage::parsePoint("--target", options.target),
+                                "--target " + options.target);
     }
     return overrides;
 }
 
 void captureScene(const Options& options)
 {
-    const tools::SceneTracks& scene = tools::findScene(options.scene);
-    const tools::Overrides overrides = readOverrides(options, scene);
+    const catalogue::Scene& scene = tools::stage::findScene(options.scene);
+    const tools::stage::Overrides overrides = readOverrides(options, scene);
     const double time = readTime(options, "0");
-    const tools::PictureFile file(options.output);
-    const tools::Size size =
-        tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
-    tools::RgbImage picture;
+    const tools::picture::PictureFile file(options.output);
+    const tools::picture::Size size =
+        tools::stage::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    tools::picture::RgbImage picture;
     {
-        const tools::StageFolder folder(options.assets, overrides);
-        tools::HiddenWindow window(size);
-        tools::Stage stage(window, options.assets.string());
+        const tools::stage::StageFolder folder(options.assets, overrides);
+        tools::stage::HiddenWindow window(size);
+        tools::stage::Stage stage(window, options.assets.string());
         picture = stage.draw(scene.number, time);
     }
     file.write(picture);
@@ -197,20 +201,21 @@ void captureScene(const Options& options)
 
 void captureVideo(const Options& options)
 {
-    tools::FilmOptions film;
+    tools::capture::FilmOptions film;
     film.output = options.output;
     film.assets = options.assets;
-    film.format.size = tools::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
-    film.format.fps = tools::parseFps(options.fps);
-    film.fromRow = tools::parseBar(options.from, "--from");
+    film.format.size =
+        tools::stage::parsePictureSize("--size", options.size.empty() ? stillSize : options.size);
+    film.format.fps = tools::video::parseFps(options.fps);
+    film.fromRow = tools::timeline::parseBar(options.from, "--from");
     if (!options.videoEnd.empty()) {
-        film.toRow = tools::parseBar(options.videoEnd, "--to");
+        film.toRow = tools::timeline::parseBar(options.videoEnd, "--to");
     }
     if (!options.range.empty()) {
-        film.share = tools::parseShare(options.range);
+        film.share = tools::video::parseShare(options.range);
     }
     film.overwrite = options.overwrite;
-    tools::film(film);
+    tools::capture::film(film);
 }
 
 void joinVideo(const Options& options)
@@ -218,11 +223,11 @@ void joinVideo(const Options& options)
     if (options.parts.size() < 2) {
         throw tools::Error("capture join", "name the parts, and behind them the file to write");
     }
-    tools::FilmOptions film;
+    tools::capture::FilmOptions film;
     film.output = options.parts.back();
     film.assets = options.assets;
     film.overwrite = options.overwrite;
-    tools::joinFilm({options.parts.begin(), options.parts.end() - 1}, film);
+    tools::capture::joinFilm({options.parts.begin(), options.parts.end() - 1}, film);
 }
 
 void addCommonOptions(CLI::App& command, Options& options, const char* size)
@@ -250,10 +255,20 @@ void addSheetOptions(CLI::App& command, Options& options)
     command.add_option("--columns", options.columns, "stills side by side (5)")->check(CLI::Range(1, 1000));
 }
 
+/// "room, credits, ... or people"
+std::string sceneNames()
+{
+    std::string names;
+    for (const catalogue::Scene& scene : catalogue::allScenes) {
+        const bool isLast = &scene == std::end(catalogue::allScenes) - 1;
+        names += fmt::format("{}{}", names.empty() ? "" : isLast ? " or " : ", ", scene.name);
+    }
+    return names;
+}
+
 void addSceneOptions(CLI::App& command, Options& options)
 {
-    command.add_option("--scene", options.scene, "room, credits, bottle, burger, toilet or people")
-        ->required();
+    command.add_option("--scene", options.scene, sceneNames())->required();
     command.add_option("--set", options.set, "TRACK=VALUE, in place of the track; may come again")
         ->allow_extra_args(false);
     command.add_option("--eye", options.eye, "X,Y,Z: where the camera stands, in world space");

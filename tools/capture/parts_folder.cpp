@@ -10,7 +10,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-namespace tools {
+namespace tools::capture {
 
 PartsFolder::PartsFolder(const std::filesystem::path& video)
     : folder(std::filesystem::absolute(video.string() + ".parts"))
@@ -29,7 +29,7 @@ PartsFolder::PartsFolder(const std::filesystem::path& video)
         throw Error(name, "another capture is at work in it");
     }
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (entry.path().filename().string().starts_with(asidePrefix)) {
+        if (entry.path().filename().string().starts_with(video::asidePrefix)) {
             std::filesystem::remove(entry.path());
         }
     }
@@ -41,19 +41,19 @@ PartsFolder::~PartsFolder()
     close(lock);
 }
 
-std::filesystem::path PartsFolder::fileOf(FrameRange frames) const
+std::filesystem::path PartsFolder::fileOf(video::FrameRange frames) const
 {
     return folder / fmt::format("{:06}-{:06}.mp4", frames.first, frames.end - 1);
 }
 
-bool PartsFolder::holds(const VideoTag& tag) const
+bool PartsFolder::holds(const video::VideoTag& tag) const
 {
     const std::filesystem::path file = fileOf(tag.frames);
     if (!std::filesystem::exists(file)) {
         return false;
     }
     try {
-        return readPart(file).tag == tag;
+        return video::readPart(file).tag == tag;
     } catch (const Error&) {
         return false;
     }
@@ -65,4 +65,4 @@ void PartsFolder::remove()
     std::filesystem::remove_all(folder, ignored);
 }
 
-} // namespace tools
+} // namespace tools::capture

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-namespace tools {
+namespace tools::capture {
 
 /// The folder VIDEO.parts, where the finished pieces of a video wait for the others, so that work that was
 /// broken off can be taken up again. One process at a time.
@@ -20,10 +20,10 @@ public:
     PartsFolder& operator=(const PartsFolder&) = delete;
 
     /// Where a piece is or will be, as an absolute path.
-    std::filesystem::path fileOf(FrameRange frames) const;
+    std::filesystem::path fileOf(video::FrameRange frames) const;
 
     /// True if the piece is there, says that it is just that, and holds what it says.
-    bool holds(const VideoTag& tag) const;
+    bool holds(const video::VideoTag& tag) const;
 
     /// Removes the folder with all pieces.
     void remove();
@@ -33,4 +33,4 @@ private:
     int lock = -1;
 };
 
-} // namespace tools
+} // namespace tools::capture

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::vector<std::string> overBudget(const Cost& cost)
     return problems;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

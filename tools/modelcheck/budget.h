@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// What models cost together. What a scene loads again costs its import again; vertices and bytes count once.
 struct Cost {
@@ -30,4 +30,4 @@ std::string describe(const Cost& cost);
 /// A sentence for each way in which the cost goes over the budget.
 std::vector<std::string> overBudget(const Cost& cost);
 
-} // namespace tools
+} // namespace tools::modelcheck

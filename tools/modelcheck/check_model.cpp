@@ -9,7 +9,7 @@
 #include <fmt/format.h>
 #include <glm/common.hpp>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -200,4 +200,4 @@ ModelReport checkModel(const ImportedMesh& mesh, const ModelRules& rules)
     return report;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

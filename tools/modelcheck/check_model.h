@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// What there is to say about a model. Sentences neither name the file nor end in a full stop.
 struct ModelReport {
@@ -17,4 +17,4 @@ struct ModelReport {
 /// Measures a model and holds it against its rules, and against the placements under their name.
 ModelReport checkModel(const ImportedMesh& mesh, const ModelRules& rules);
 
-} // namespace tools
+} // namespace tools::modelcheck

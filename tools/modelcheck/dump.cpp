@@ -4,7 +4,7 @@
 #include <glm/gtc/type_ptr.hpp>
 #include <iterator>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -38,4 +38,4 @@ std::string dump(const ImportedMesh& mesh)
     return text + "\n";
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

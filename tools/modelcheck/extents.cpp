@@ -4,7 +4,7 @@
 #include <cmath>
 #include <iterator>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -52,4 +52,4 @@ const char* nameOf(Extent extent)
     return find(extent).name;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

@@ -3,7 +3,7 @@
 #include "tools/modelcheck/imported_mesh.h"
 #include "tools/modelcheck/model_rules.h"
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// Where the model ends, in its own units. It has a vertex.
 float measure(const ImportedMesh& mesh, Extent extent);
@@ -11,4 +11,4 @@ float measure(const ImportedMesh& mesh, Extent extent);
 /// As it stands in a sentence: "lowest x", "distance from the y axis".
 const char* nameOf(Extent extent);
 
-} // namespace tools
+} // namespace tools::modelcheck

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <glm/vec3.hpp>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// How often something was met on a model, and where first.
 struct Finding {
@@ -18,4 +18,4 @@ struct Finding {
     }
 };
 
-} // namespace tools
+} // namespace tools::modelcheck

@@ -2,15 +2,15 @@
 
 #include "engine/model_loader.h"
 #include "tools/common/error.h"
-#include "tools/common/null_renderer.h"
 #include "tools/common/quiet_output.h"
+#include "tools/renderers/null_renderer.h"
 
 #include <algorithm>
 #include <cstring>
 #include <ctime>
 #include <stdexcept>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -24,7 +24,7 @@ std::vector<Vector> vectors(const float* numbers, unsigned long count)
 }
 
 /// Keeps the mesh that the loader uploads.
-class MeshRecorder : public NullRenderer {
+class MeshRecorder : public renderers::NullRenderer {
 public:
     ImportedMesh mesh;
     bool hasTriangles = true;
@@ -79,10 +79,10 @@ ImportedMesh importModel(const std::filesystem::path& path)
 
 double importSeconds(const std::filesystem::path& path)
 {
-    NullRenderer renderer;
+    renderers::NullRenderer renderer;
     const std::clock_t start = std::clock();
     load(renderer, path);
     return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

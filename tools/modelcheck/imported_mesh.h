@@ -7,7 +7,7 @@
 #include <glm/vec3.hpp>
 #include <vector>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// A model as the show's loader hands it to the renderer. The five attributes are of one length.
 struct ImportedMesh {
@@ -40,4 +40,4 @@ ImportedMesh importModel(const std::filesystem::path& path);
 /// Processor time that the show's loader takes for the file, in seconds. Throws as `importModel` does.
 double importSeconds(const std::filesystem::path& path);
 
-} // namespace tools
+} // namespace tools::modelcheck

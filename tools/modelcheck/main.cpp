@@ -45,8 +45,8 @@ public:
     {
         const std::size_t before = problems;
         try {
-            const tools::ImportedMesh mesh = tools::importModel(file);
-            fmt::print("{}", tools::tableLine(file.stem().string(), mesh));
+            const tools::modelcheck::ImportedMesh mesh = tools::modelcheck::importModel(file);
+            fmt::print("{}", tools::modelcheck::tableLine(file.stem().string(), mesh));
             judge(file, mesh);
         } catch (const tools::Error& error) { // the other files are still worth a look
             complain(error.what());
@@ -56,8 +56,8 @@ public:
 
     void checkBudget()
     {
-        fmt::print("{}\n", tools::describe(cost));
-        for (const std::string& problem : tools::overBudget(cost)) {
+        fmt::print("{}\n", tools::modelcheck::describe(cost));
+        for (const std::string& problem : tools::modelcheck::overBudget(cost)) {
             complain("all together: " + problem);
         }
     }
@@ -75,14 +75,16 @@ public:
     }
 
 private:
-    void judge(const std::filesystem::path& file, const tools::ImportedMesh& mesh)
+    void judge(const std::filesystem::path& file, const tools::modelcheck::ImportedMesh& mesh)
     {
-        const tools::ModelRules* const known = tools::findModelRules(file.stem().string());
+        const tools::modelcheck::ModelRules* const known =
+            tools::modelcheck::findModelRules(file.stem().string());
         if (known == nullptr && !options.anyName) {
             complain(file.string() + ": no row says where it has to fit");
         }
-        const tools::ModelRules rules = known == nullptr ? tools::ModelRules{} : *known;
-        const tools::ModelReport report = tools::checkModel(mesh, rules);
+        const tools::modelcheck::ModelRules rules =
+            known == nullptr ? tools::modelcheck::ModelRules{} : *known;
+        const tools::modelcheck::ModelReport report = tools::modelcheck::checkModel(mesh, rules);
         for (const std::string& detail : report.details) {
             fmt::print("{}", options.verbose ? "  " + detail + "\n" : "");
         }
@@ -94,14 +96,15 @@ private:
         }
     }
 
-    void addCost(const std::filesystem::path& file, const tools::ImportedMesh& mesh, int loads)
+    void addCost(const std::filesystem::path& file, const tools::modelcheck::ImportedMesh& mesh, int loads)
     {
         ++cost.models;
         cost.vertices += mesh.positions.size();
         cost.bytes += std::filesystem::file_size(file);
         cost.imports += loads;
         // The better of two: what else the machine does only ever adds.
-        cost.seconds += loads * std::min(tools::importSeconds(file), tools::importSeconds(file));
+        cost.seconds +=
+            loads * std::min(tools::modelcheck::importSeconds(file), tools::modelcheck::importSeconds(file));
     }
 
     void complain(const std::string& sentence)
@@ -112,7 +115,7 @@ private:
     }
 
     const Options& options;
-    tools::Cost cost;
+    tools::modelcheck::Cost cost;
     std::size_t problems = 0;
     std::size_t badFiles = 0;
 };
@@ -120,7 +123,8 @@ private:
 void dump(const Options& options)
 {
     for (const std::filesystem::path& file : options.files) {
-        fmt::print("{}\n{}", file.filename().string(), tools::dump(tools::importModel(file)));
+        fmt::print("{}\n{}", file.filename().string(),
+                   tools::modelcheck::dump(tools::modelcheck::importModel(file)));
     }
 }
 
@@ -131,7 +135,7 @@ void run(const Options& options)
         return;
     }
     Run run(options);
-    fmt::print("{}", tools::tableHead());
+    fmt::print("{}", tools::modelcheck::tableHead());
     for (const std::filesystem::path& file : options.files) {
         run.check(file);
     }

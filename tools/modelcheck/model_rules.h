@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// What a model wears.
 enum class Texture {
@@ -57,4 +57,4 @@ const ModelRules* findModelRules(std::string_view name);
 
 std::span<const Placement> placements();
 
-} // namespace tools
+} // namespace tools::modelcheck

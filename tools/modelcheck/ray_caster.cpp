@@ -4,7 +4,7 @@
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -103,4 +103,4 @@ bool RayCaster::hitsIn(std::size_t index, const glm::vec3& origin, const glm::ve
                        [&](const Face& face) { return meetsTriangle(face.corners, origin, direction); });
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// Answers whether rays meet a model: a tree of blocks around its triangles, as each ray meets few of them.
 class RayCaster {
@@ -36,4 +36,4 @@ private:
     std::vector<Block> blocks;
 };
 
-} // namespace tools
+} // namespace tools::modelcheck

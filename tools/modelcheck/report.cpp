@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::modelcheck {
 
 std::string tableHead()
 {
@@ -22,4 +22,4 @@ std::string tableLine(std::string_view name, const ImportedMesh& mesh)
                        range(Extent::LowZ, Extent::HighZ));
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

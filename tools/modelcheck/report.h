@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// Names the columns of `tableLine`; ends with the line.
 std::string tableHead();
@@ -13,4 +13,4 @@ std::string tableHead();
 /// A model in one line: its name, how much it is of, and the block that it fills.
 std::string tableLine(std::string_view name, const ImportedMesh& mesh);
 
-} // namespace tools
+} // namespace tools::modelcheck

@@ -11,7 +11,7 @@
 #include <numbers>
 #include <numeric>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -240,4 +240,4 @@ Finding Surface::partsInsideOut() const
     return found;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

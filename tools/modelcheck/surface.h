@@ -6,7 +6,7 @@
 #include <array>
 #include <vector>
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// The faces of a model, with the vertices that lie at one point taken for one, so that what an edge or a
 /// seam has split counts as joined. Borrows the mesh, all of whose positions are finite.
@@ -45,4 +45,4 @@ private:
     std::vector<Edge> open;          ///< in order of their vertices
 };
 
-} // namespace tools
+} // namespace tools::modelcheck

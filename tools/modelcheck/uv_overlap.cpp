@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -87,4 +87,4 @@ double uvOverlap(const ImportedMesh& mesh)
     return grid.overlap();
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

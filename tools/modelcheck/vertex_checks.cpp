@@ -3,7 +3,7 @@
 #include <cmath>
 #include <glm/geometric.hpp>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -83,4 +83,4 @@ Finding uvsOutside(const ImportedMesh& mesh)
     });
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

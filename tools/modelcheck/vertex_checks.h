@@ -3,7 +3,7 @@
 #include "tools/modelcheck/finding.h"
 #include "tools/modelcheck/imported_mesh.h"
 
-namespace tools {
+namespace tools::modelcheck {
 
 /// Vertices with a NaN or an infinity anywhere.
 Finding verticesNotFinite(const ImportedMesh& mesh);
@@ -21,4 +21,4 @@ Finding flatFrames(const ImportedMesh& mesh);
 /// Vertices whose texture coordinates lie outside of the picture.
 Finding uvsOutside(const ImportedMesh& mesh);
 
-} // namespace tools
+} // namespace tools::modelcheck

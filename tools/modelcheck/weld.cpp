@@ -4,7 +4,7 @@
 #include <glm/geometric.hpp>
 #include <numeric>
 
-namespace tools {
+namespace tools::modelcheck {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::vector<unsigned int> weld(std::span<const glm::vec3> positions, float dista
     return standsFor;
 }
 
-} // namespace tools
+} // namespace tools::modelcheck

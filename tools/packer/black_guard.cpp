@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -92,4 +92,4 @@ Dxt1Block withExactBlack(Dxt1Block block, const Texels& texels)
     return raised;
 }
 
-} // namespace tools
+} // namespace tools::packer

@@ -2,7 +2,7 @@
 
 #include "tools/packer/dxt1_block.h"
 
-namespace tools {
+namespace tools::packer {
 
 /// The block, repaired where needed so that pure black texels come out as exactly black, and no other texel
 /// does, however a driver rounds. The show cuts its layers and leaves out along exact black; encoders don't
@@ -22,4 +22,4 @@ std::array<bool, 4> blackCodes(Dxt1Block block);
 /// others for a coloured one. Where the endpoints leave none, code 0.
 Dxt1Block withNearestCodes(Dxt1Block block, const Texels& texels);
 
-} // namespace tools
+} // namespace tools::packer

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -64,7 +64,7 @@ constexpr Header plainHeader = {
 };
 
 /// Bytes of a level: 8 for each block of 4x4 texels.
-std::uint64_t levelSize(Size size)
+std::uint64_t levelSize(picture::Size size)
 {
     return std::uint64_t{size.width} * size.height / 2;
 }
@@ -77,7 +77,7 @@ bool same(const char (&left)[length], const char (&right)[length])
 
 } // namespace
 
-std::string makeDdsHeader(Size size)
+std::string makeDdsHeader(picture::Size size)
 {
     Header header = plainHeader;
     header.width = size.width;
@@ -88,7 +88,7 @@ std::string makeDdsHeader(Size size)
     return bytes;
 }
 
-Size checkDds(std::string_view bytes, const std::string& place)
+picture::Size checkDds(std::string_view bytes, const std::string& place)
 {
     if (bytes.size() < ddsHeaderSize) {
         throw Error(place, fmt::format("{} bytes are too few for a DDS header", bytes.size()));
@@ -109,7 +109,7 @@ Size checkDds(std::string_view bytes, const std::string& place)
     if (header.levels > 1 || header.depth > 1 || (header.caps2 & isCubemapOrVolume) != 0) {
         throw Error(place, "the DDS file holds more than one level");
     }
-    const Size size = {header.width, header.height};
+    const picture::Size size = {header.width, header.height};
     checkBlockSize(size, place);
     const std::uint64_t expected = levelSize(size);
     if (bytes.size() - ddsHeaderSize != expected) {
@@ -123,7 +123,7 @@ Size checkDds(std::string_view bytes, const std::string& place)
     return size;
 }
 
-void checkBlockSize(Size size, const std::string& place)
+void checkBlockSize(picture::Size size, const std::string& place)
 {
     if (size.width == 0 || size.height == 0 || size.width % 4 != 0 || size.height % 4 != 0) {
         throw Error(place,
@@ -131,4 +131,4 @@ void checkBlockSize(Size size, const std::string& place)
     }
 }
 
-} // namespace tools
+} // namespace tools::packer

@@ -1,23 +1,23 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace tools {
+namespace tools::packer {
 
 constexpr std::size_t ddsHeaderSize = 128; ///< with the magic
 
 /// Header of a DDS file that holds one level in DXT1. `size` is a multiple of 4 in both directions.
-std::string makeDdsHeader(Size size);
+std::string makeDdsHeader(picture::Size size);
 
 /// Size of a DDS file that has been checked to hold exactly one level in DXT1.
 /// Throws `Error` with `place` and the reason.
-Size checkDds(std::string_view bytes, const std::string& place);
+picture::Size checkDds(std::string_view bytes, const std::string& place);
 
 /// Throws `Error` with `place` if width or height is 0 or no multiple of 4.
-void checkBlockSize(Size size, const std::string& place);
+void checkBlockSize(picture::Size size, const std::string& place);
 
-} // namespace tools
+} // namespace tools::packer

@@ -1,6 +1,6 @@
 #include "tools/packer/dxt1_block.h"
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -62,4 +62,4 @@ std::uint32_t squaredError(Dxt1Block block, const Texels& texels)
     return static_cast<std::uint32_t>(sum);
 }
 
-} // namespace tools
+} // namespace tools::packer

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-namespace tools {
+namespace tools::packer {
 
 /// The 16 texels of a block, rows from the top: red, green, blue, and a byte that is 0 for pure black and 255
 /// for any other colour.
@@ -39,4 +39,4 @@ Texels decode(Dxt1Block block, Rounding rounding = Rounding::Down);
 /// Sum over texels and channels of the squared differences between what a block stands for and `texels`.
 std::uint32_t squaredError(Dxt1Block block, const Texels& texels);
 
-} // namespace tools
+} // namespace tools::packer

@@ -9,7 +9,7 @@
 #include <fmt/format.h>
 #include <utility>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -97,4 +97,4 @@ std::filesystem::path Dxt1Cache::entryOf(std::string_view png, Effort effort) co
                                 encoderVersion);
 }
 
-} // namespace tools
+} // namespace tools::packer

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace tools {
+namespace tools::packer {
 
 /// A digest of 128 bits, as 32 hexadecimal digits. Tells changes apart, not forgeries.
 std::string contentHash(std::string_view bytes);
@@ -31,4 +31,4 @@ private:
     std::filesystem::path folder;
 };
 
-} // namespace tools
+} // namespace tools::packer

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -105,7 +105,7 @@ Fit clusterFit(const Texels& texels)
     return guarded(readBlock(bytes), texels);
 }
 
-Texels texelsAt(const RgbImage& image, std::size_t block)
+Texels texelsAt(const picture::RgbImage& image, std::size_t block)
 {
     const std::size_t width = image.size.width;
     const std::size_t left = block % (width / 4) * 4;
@@ -152,7 +152,7 @@ void forEachBlock(const std::vector<std::size_t>& blocks, unsigned threads, cons
 
 } // namespace
 
-Dxt1Image encodeDxt1(const RgbImage& image, Effort effort, unsigned threads)
+Dxt1Image encodeDxt1(const picture::RgbImage& image, Effort effort, unsigned threads)
 {
     std::vector<Fit> fits(std::size_t{image.size.width / 4} * (image.size.height / 4));
     std::vector<std::size_t> all(fits.size());
@@ -178,7 +178,7 @@ Dxt1Image encodeDxt1(const RgbImage& image, Effort effort, unsigned threads)
     return encoded;
 }
 
-double peakSignalToNoise(std::uint64_t squaredError, Size size)
+double peakSignalToNoise(std::uint64_t squaredError, picture::Size size)
 {
     if (squaredError == 0) {
         return std::numeric_limits<double>::infinity();
@@ -187,4 +187,4 @@ double peakSignalToNoise(std::uint64_t squaredError, Size size)
     return 10.0 * std::log10(255.0 * 255.0 * values / static_cast<double>(squaredError));
 }
 
-} // namespace tools
+} // namespace tools::packer

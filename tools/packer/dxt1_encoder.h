@@ -1,12 +1,12 @@
 #pragma once
 
 #include "tools/packer/dxt1_block.h"
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstdint>
 #include <string>
 
-namespace tools {
+namespace tools::packer {
 
 /// How much time goes into an encoding.
 enum class Effort {
@@ -25,9 +25,9 @@ struct Dxt1Image {
 
 /// Compresses a picture whose width and height are multiples of 4, on `threads` threads; their number does
 /// not show in the result. Exact black stays exact: see `withExactBlack`.
-Dxt1Image encodeDxt1(const RgbImage& image, Effort effort, unsigned threads);
+Dxt1Image encodeDxt1(const picture::RgbImage& image, Effort effort, unsigned threads);
 
 /// Peak signal-to-noise ratio in decibels of a picture of that size; infinite without any error.
-double peakSignalToNoise(std::uint64_t squaredError, Size size);
+double peakSignalToNoise(std::uint64_t squaredError, picture::Size size);
 
-} // namespace tools
+} // namespace tools::packer

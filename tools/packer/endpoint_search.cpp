@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -108,4 +108,4 @@ Dxt1Block searchEndpoints(Dxt1Block block, const Texels& texels)
     return withNearestCodes(block, texels);
 }
 
-} // namespace tools
+} // namespace tools::packer

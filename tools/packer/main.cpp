@@ -20,7 +20,7 @@ constexpr const char* examples = R"(Examples:
   packer --verify assets.pack)";
 
 struct Options {
-    tools::PackOrder order;
+    tools::packer::PackOrder order;
     std::filesystem::path list;
     std::filesystem::path verify;
     bool quick = false;
@@ -43,13 +43,14 @@ void run(Options& options)
 {
     checkOptions(options);
     if (!options.list.empty()) {
-        fmt::print("{}", tools::listPack(options.list));
+        fmt::print("{}", tools::packer::listPack(options.list));
     } else if (!options.verify.empty()) {
-        fmt::print("{}\n", tools::verifyPack(options.verify, options.order.anySize));
+        fmt::print("{}\n", tools::packer::verifyPack(options.verify, options.order.anySize));
     } else {
-        options.order.effort = options.quick ? tools::Effort::Quick : tools::Effort::Best;
-        options.order.threads = tools::coreCount();
-        tools::packTextures(options.order, [](const std::string& line) { fmt::print(stderr, "{}\n", line); });
+        options.order.effort = options.quick ? tools::packer::Effort::Quick : tools::packer::Effort::Best;
+        options.order.threads = tools::packer::coreCount();
+        tools::packer::packTextures(options.order,
+                                    [](const std::string& line) { fmt::print(stderr, "{}\n", line); });
     }
 }
 

@@ -8,7 +8,7 @@
 #include <limits>
 #include <map>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -149,4 +149,4 @@ std::string_view packFileOf(std::string_view bytes, const PackEntry& entry, std:
     return bytes.substr(dataStart(count) + entry.offset, entry.length);
 }
 
-} // namespace tools
+} // namespace tools::packer

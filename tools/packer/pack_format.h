@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace tools {
+namespace tools::packer {
 
 /// A file that goes into a pack.
 struct PackInput {
@@ -40,4 +40,4 @@ std::vector<PackEntry> readPackTable(std::string_view bytes, const std::string& 
 /// of entries.
 std::string_view packFileOf(std::string_view bytes, const PackEntry& entry, std::size_t count);
 
-} // namespace tools
+} // namespace tools::packer

@@ -6,8 +6,8 @@
 #include "tools/packer/dds.h"
 #include "tools/packer/dxt1_cache.h"
 #include "tools/packer/pack_format.h"
-#include "tools/packer/png_image.h"
 #include "tools/packer/texture_rules.h"
+#include "tools/picture/png_image.h"
 
 #include <chrono>
 #include <fmt/format.h>
@@ -15,7 +15,7 @@
 #include <map>
 #include <optional>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -24,7 +24,7 @@ struct Source {
     std::filesystem::path path;
     std::string name; ///< in the pack
     std::string bytes;
-    Size size{};
+    picture::Size size{};
 
     bool isDds() const { return path.extension() == ".dds"; }
 };
@@ -34,7 +34,7 @@ Source readSource(const std::filesystem::path& path, bool anySize)
     Source source{path, path.stem().string() + ".dds", readFile(path)};
     const std::string place = path.string();
     checkPackName(source.name, place);
-    source.size = source.isDds() ? checkDds(source.bytes, place) : readPngSize(source.bytes, place);
+    source.size = source.isDds() ? checkDds(source.bytes, place) : picture::readPngSize(source.bytes, place);
     checkBlockSize(source.size, place);
     if (!anySize) {
         checkTexture(path.stem().string(), source.size, place);
@@ -60,7 +60,7 @@ std::vector<Source> readSources(const PackOrder& order)
 /// What is left to do for a PNG: one of both is there.
 struct Prepared {
     std::optional<Dxt1Image> kept;
-    RgbImage image;
+    picture::RgbImage image;
 };
 
 Prepared prepare(const Source& source, const Dxt1Cache& cache, Effort effort)
@@ -71,7 +71,7 @@ Prepared prepare(const Source& source, const Dxt1Cache& cache, Effort effort)
         prepared.kept.reset();
     }
     if (!prepared.kept) {
-        prepared.image = decodePng(source.bytes, source.path.string());
+        prepared.image = picture::decodePng(source.bytes, source.path.string());
     }
     return prepared;
 }
@@ -125,4 +125,4 @@ void packTextures(const PackOrder& order, const std::function<void(const std::st
     AtomicFile(order.output, encodePack(files)).commit();
 }
 
-} // namespace tools
+} // namespace tools::packer

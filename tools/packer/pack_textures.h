@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::packer {
 
 /// What to pack, and how.
 struct PackOrder {
@@ -27,4 +27,4 @@ struct PackOrder {
 /// reason; then the pack is as it was.
 void packTextures(const PackOrder& order, const std::function<void(const std::string&)>& report);
 
-} // namespace tools
+} // namespace tools::packer

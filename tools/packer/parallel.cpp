@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-namespace tools {
+namespace tools::packer {
 
 unsigned coreCount()
 {
@@ -27,4 +27,4 @@ void forEachInParallel(std::size_t count, unsigned threads, const std::function<
     takeTurns();
 } // the helpers are joined here
 
-} // namespace tools
+} // namespace tools::packer

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <functional>
 
-namespace tools {
+namespace tools::packer {
 
 /// Threads that the machine runs at once; at least 1.
 unsigned coreCount();
@@ -12,4 +12,4 @@ unsigned coreCount();
 /// `work` must not throw.
 void forEachInParallel(std::size_t count, unsigned threads, const std::function<void(std::size_t)>& work);
 
-} // namespace tools
+} // namespace tools::packer

@@ -1,22 +1,23 @@
 #include "tools/packer/texture_rules.h"
 
 #include "tools/common/error.h"
-#include "tools/packer/texture_sizes.h"
 
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::packer {
 
-void checkTexture(const std::string& name, Size size, const std::string& place)
+void checkTexture(const std::string& name, picture::Size size, const std::string& place)
 {
-    const TextureSize* texture = findTexture(name);
+    const catalogue::Texture* const texture = catalogue::find(catalogue::allTextures, name);
     if (texture == nullptr) {
-        throw Error(place, fmt::format("the show has no texture '{}'", name));
+        throw Error(
+            place,
+            fmt::format("the show has no texture '{}'; scenes/catalogue.def holds a row for each", name));
     }
-    if (texture->size != size) {
+    if (sizeOf(*texture) != size) {
         throw Error(place, fmt::format("{}x{}, but the show asks for {}x{}", size.width, size.height,
-                                       texture->size.width, texture->size.height));
+                                       texture->width, texture->height));
     }
 }
 
-} // namespace tools
+} // namespace tools::packer

@@ -1,12 +1,19 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "scenes/catalogue.h"
+#include "tools/picture/rgb_image.h"
 
 #include <string>
 
-namespace tools {
+namespace tools::packer {
 
-/// Throws `Error` with `place` if the show has no texture `name`, or asks for another size.
-void checkTexture(const std::string& name, Size size, const std::string& place);
+/// The size that a texture of the show has.
+constexpr picture::Size sizeOf(const catalogue::Texture& texture)
+{
+    return {static_cast<std::uint32_t>(texture.width), static_cast<std::uint32_t>(texture.height)};
+}
 
-} // namespace tools
+/// Throws `Error` with `place` unless the show has a texture of that name and size.
+void checkTexture(const std::string& name, picture::Size size, const std::string& place);
+
+} // namespace tools::packer

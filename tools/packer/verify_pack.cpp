@@ -9,7 +9,7 @@
 #include <fmt/format.h>
 #include <vector>
 
-namespace tools {
+namespace tools::packer {
 
 namespace {
 
@@ -32,7 +32,7 @@ std::string listPack(const std::filesystem::path& pack)
     std::string table =
         fmt::format("{:{}}  {:>10}  {:>11}  {:>10}\n", "name", nameWidth, "bytes", "size", "offset");
     for (const PackEntry& entry : entries) {
-        const Size size = checkDds(packFileOf(bytes, entry, entries.size()), placeOf(pack, entry));
+        const picture::Size size = checkDds(packFileOf(bytes, entry, entries.size()), placeOf(pack, entry));
         table += fmt::format("{:{}}  {:>10}  {:>11}  {:>10}\n", entry.name, nameWidth, entry.length,
                              fmt::format("{}x{}", size.width, size.height), entry.offset);
     }
@@ -45,7 +45,7 @@ std::string verifyPack(const std::filesystem::path& pack, bool anySize)
     const std::vector<PackEntry> entries = readPackTable(bytes, pack.string());
     for (const PackEntry& entry : entries) {
         const std::string place = placeOf(pack, entry);
-        const Size size = checkDds(packFileOf(bytes, entry, entries.size()), place);
+        const picture::Size size = checkDds(packFileOf(bytes, entry, entries.size()), place);
         if (!anySize) {
             checkTexture(std::filesystem::path(entry.name).stem().string(), size, place);
         }
@@ -54,4 +54,4 @@ std::string verifyPack(const std::filesystem::path& pack, bool anySize)
                        entries.size() == 1 ? "file" : "files");
 }
 
-} // namespace tools
+} // namespace tools::packer

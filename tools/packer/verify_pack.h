@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-namespace tools {
+namespace tools::packer {
 
 /// A table of what a pack holds: name, size in bytes, width x height, offset in the data area. Throws `Error`
 /// for a pack that is not in order.
@@ -13,4 +13,4 @@ std::string listPack(const std::filesystem::path& pack);
 /// its name unless `anySize`. Gives "PACK: 17 files, all well-formed"; throws `Error` with the first fault.
 std::string verifyPack(const std::filesystem::path& pack, bool anySize);
 
-} // namespace tools
+} // namespace tools::packer

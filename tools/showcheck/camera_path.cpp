@@ -1,11 +1,9 @@
 #include "tools/showcheck/camera_path.h"
 
 #include "scenes/camera.h"
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 
-#include <cmath>
-
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
@@ -13,12 +11,10 @@ constexpr double oneInstant = 1e-6; // of a row
 
 CameraPose poseAt(const CameraTracks& tracks, const tolv::SyncDevice& sync, float scene, double row)
 {
-    glm::dvec3 eye(tracks.readPosition(sync, row));
-    if (scene == scene_numbers::people) {
-        const double angle = eye.x * 3.14;
-        eye = {std::cos(angle) * eye.z, eye.y, std::sin(angle) * eye.z};
-    }
-    return {eye, glm::dvec3(tracks.readTarget(sync, row))};
+    const glm::dvec3 place(tracks.readPosition(sync, row));
+    const catalogue::Scene* const found = catalogue::findScene(scene);
+    const bool onOrbit = found != nullptr && found->camera == catalogue::CameraForm::Orbit;
+    return {onOrbit ? orbitPlace(place) : place, glm::dvec3(tracks.readTarget(sync, row))};
 }
 
 } // namespace
@@ -27,7 +23,7 @@ std::vector<CameraRow> readCameraPath(const tolv::SyncDevice& sync, std::int32_t
 {
     CameraTracks tracks;
     tracks.lookUp(sync);
-    const tolv::SyncTrack sceneTrack = sync.getTrack("scene");
+    const tolv::SyncTrack sceneTrack = sync.getTrack(catalogue::tracks::scene.name);
     std::vector<CameraRow> rows;
     for (std::int32_t row = first; row < end; ++row) {
         const float scene = sync.getValue(sceneTrack, row);
@@ -37,4 +33,4 @@ std::vector<CameraRow> readCameraPath(const tolv::SyncDevice& sync, std::int32_t
     return rows;
 }
 
-} // namespace tools
+} // namespace tools::showcheck

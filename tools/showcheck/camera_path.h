@@ -6,7 +6,7 @@
 #include <glm/vec3.hpp>
 #include <vector>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// Where the camera stands and what it looks at, in world space.
 struct CameraPose {
@@ -26,4 +26,4 @@ struct CameraRow {
 /// place is angle, height and radius.
 std::vector<CameraRow> readCameraPath(const tolv::SyncDevice& sync, std::int32_t first, std::int32_t end);
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -1,15 +1,15 @@
 #include "tools/showcheck/findings.h"
 
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 #include "sync/tools.h"
-#include "tools/common/bar_position.h"
+#include "tools/timeline/bar_position.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <limits>
 
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
@@ -60,7 +60,7 @@ double severity(const Wording& wording, double figure, double limit)
 std::string positionOf(const Place& place)
 {
     // A frame may stand a rounding error before the row that it means.
-    return barPosition(static_cast<std::int32_t>(std::floor(timeToRow(place.time) + 1e-6)));
+    return timeline::barPosition(static_cast<std::int32_t>(std::floor(timeToRow(place.time) + 1e-6)));
 }
 
 std::string describe(const Place& place)
@@ -70,7 +70,7 @@ std::string describe(const Place& place)
 
 std::string sceneOf(const Place& place)
 {
-    const std::string_view name = scene_numbers::nameOf(place.scene);
+    const std::string_view name = catalogue::nameOf(place.scene);
     return name.empty() ? "no scene" : std::string(name);
 }
 
@@ -130,4 +130,4 @@ std::vector<std::string> Findings::summary() const
     return lines;
 }
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// What is looked at.
 enum class Check : std::uint8_t {
@@ -66,4 +66,4 @@ private:
     std::map<Check, Worst> worst;
 };
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -4,11 +4,11 @@
 
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
-std::vector<std::string> filterCommand(const VideoFormat& format)
+std::vector<std::string> filterCommand(const video::VideoFormat& format)
 {
     return {"ffmpeg",
             "-nostdin",
@@ -35,8 +35,8 @@ std::vector<std::string> filterCommand(const VideoFormat& format)
 
 } // namespace
 
-FlashMeter::FlashMeter(const VideoFormat& format)
-    : ffmpeg(filterCommand(format), ChildProcess::Input::Pipe),
+FlashMeter::FlashMeter(const video::VideoFormat& format)
+    : ffmpeg(filterCommand(format), video::ChildProcess::Input::Pipe),
       framesASecond(static_cast<std::size_t>(format.fps))
 {
 }
@@ -55,15 +55,15 @@ void FlashMeter::add(std::span<const std::uint8_t> pixels)
 void FlashMeter::send(std::span<const std::uint8_t> pixels)
 {
     if (!ffmpeg.write(pixels)) {
-        throw Error("ffmpeg", lastLine(ffmpeg.finish().errors));
+        throw Error("ffmpeg", video::lastLine(ffmpeg.finish().errors));
     }
 }
 
 std::vector<double> FlashMeter::finish()
 {
-    const ChildProcess::Result result = ffmpeg.finish();
+    const video::ChildProcess::Result result = ffmpeg.finish();
     if (result.status != 0) {
-        throw Error("ffmpeg", lastLine(result.errors));
+        throw Error("ffmpeg", video::lastLine(result.errors));
     }
     std::vector<double> all = readBadness(result.output);
     const std::size_t leadIn = count == 0 ? 0 : framesASecond;
@@ -86,4 +86,4 @@ std::vector<double> readBadness(std::string_view text)
     return figures;
 }
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -10,13 +10,13 @@
 #include <string_view>
 #include <vector>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// Measures how much a run of frames flashes, with ffmpeg's filter "photosensitivity".
 class FlashMeter {
 public:
     /// For frames of that size and rate. Throws `Error` "ffmpeg: cannot run: REASON".
-    explicit FlashMeter(const VideoFormat& format);
+    explicit FlashMeter(const video::VideoFormat& format);
 
     /// Takes a frame: 3 bytes a pixel, red first, in rows from either end. Throws `Error` with what ffmpeg
     /// says if it takes no more.
@@ -30,7 +30,7 @@ public:
 private:
     void send(std::span<const std::uint8_t> pixels);
 
-    ChildProcess ffmpeg;
+    video::ChildProcess ffmpeg;
     std::size_t framesASecond;
     std::size_t count = 0; ///< of frames
 };
@@ -42,4 +42,4 @@ std::vector<double> readBadness(std::string_view text);
 /// a fifth of the range apart to 3.1, three between greys a tenth apart to 1.4.
 constexpr double mostBadness = 3.0;
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -1,7 +1,8 @@
 #include "tools/showcheck/judge_camera.h"
 
-#include "scenes/scene_numbers.h"
-#include "tools/capture/values.h"
+#include "scenes/catalogue.h"
+#include "tools/stage/values.h"
+#include "tools/timeline/show_row.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +10,7 @@
 #include <glm/mat3x3.hpp>
 #include <glm/trigonometric.hpp>
 
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
@@ -22,11 +23,11 @@ constexpr std::int32_t rowsPerBeat = 16;
 // clang-format off
 constexpr CameraLimits limits[] = {
     // scene                 speed  turn   acceleration  of turn
-    {scene_numbers::room,    1.0,   30.0,  4.0,          150.0},
-    {scene_numbers::bottle,  0.8,   30.0,  4.0,          150.0},
-    {scene_numbers::burger,  0.3,   30.0,  2.0,          150.0},
-    {scene_numbers::toilet,  0.8,   30.0,  4.0,          150.0},
-    {scene_numbers::people,  1.2,   30.0,  6.0,          150.0},
+    {catalogue::scenes::room.number,    1.0,   30.0,  4.0,          150.0},
+    {catalogue::scenes::bottle.number,  0.8,   30.0,  4.0,          150.0},
+    {catalogue::scenes::burger.number,  0.3,   30.0,  2.0,          150.0},
+    {catalogue::scenes::toilet.number,  0.8,   30.0,  4.0,          150.0},
+    {catalogue::scenes::people.number,  1.2,   30.0,  6.0,          150.0},
 };
 // clang-format on
 
@@ -74,7 +75,7 @@ Step stepBetween(const CameraPose& from, const CameraPose& to)
 
 Place placeOf(const CameraRow& row)
 {
-    return {row.row, timeOfRow(row.row), row.scene};
+    return {row.row, timeline::timeOfRow(row.row), row.scene};
 }
 
 bool isCut(const CameraRow& before, const CameraRow& row)
@@ -136,4 +137,4 @@ void judgeCamera(std::span<const CameraRow> rows, Findings& findings)
     }
 }
 
-} // namespace tools
+} // namespace tools::showcheck

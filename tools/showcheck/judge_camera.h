@@ -5,7 +5,7 @@
 
 #include <span>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// What a camera keeps to between two cuts. Turns are those of the whole picture, about any axis.
 struct CameraLimits {
@@ -23,4 +23,4 @@ const CameraLimits* findCameraLimits(float scene);
 /// without having moved there; it has to fall on a beat. Between cuts the camera keeps to its scene's limits.
 void judgeCamera(std::span<const CameraRow> rows, Findings& findings);
 
-} // namespace tools
+} // namespace tools::showcheck

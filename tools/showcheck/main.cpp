@@ -1,11 +1,5 @@
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 #include "sync/syncdevice.h"
-#include "tools/capture/hidden_window.h"
-#include "tools/capture/progress.h"
-#include "tools/capture/stage.h"
-#include "tools/capture/stage_folder.h"
-#include "tools/capture/values.h"
-#include "tools/common/bar_position.h"
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
 #include "tools/common/quiet_output.h"
@@ -15,6 +9,13 @@
 #include "tools/showcheck/judge_camera.h"
 #include "tools/showcheck/near_plane_probe.h"
 #include "tools/showcheck/picture.h"
+#include "tools/stage/hidden_window.h"
+#include "tools/stage/progress.h"
+#include "tools/stage/stage.h"
+#include "tools/stage/stage_folder.h"
+#include "tools/stage/values.h"
+#include "tools/timeline/bar_position.h"
+#include "tools/timeline/show_row.h"
 #include "tools/video/frames.h"
 #include "tools/video/video_encoder.h"
 
@@ -52,25 +53,25 @@ struct RowRange {
 };
 
 /// The row that ends the show.
-std::int32_t endOfShow(const tools::Stage& stage)
+std::int32_t endOfShow(const tools::stage::Stage& stage)
 {
     constexpr std::int32_t longestShow = 123'000; // rows: an hour
     for (std::int32_t row = 0; row < longestShow; ++row) {
-        if (stage.sceneAt(tools::timeOfRow(row)) == scene_numbers::end) {
+        if (stage.sceneAt(tools::timeline::timeOfRow(row)) == catalogue::endOfShow) {
             return row;
         }
     }
     throw tools::Error("showcheck", "the track scene ends the show nowhere");
 }
 
-RowRange readRange(const Options& options, const tools::Stage& stage)
+RowRange readRange(const Options& options, const tools::stage::Stage& stage)
 {
-    RowRange range{tools::parseBar(options.from, "--from"), endOfShow(stage)};
+    RowRange range{tools::timeline::parseBar(options.from, "--from"), endOfShow(stage)};
     if (range.first >= range.end) {
         throw tools::Error("--from " + options.from, "the show is over there");
     }
     if (!options.to.empty()) {
-        range.end = std::min(range.end, tools::parseBar(options.to, "--to"));
+        range.end = std::min(range.end, tools::timeline::parseBar(options.to, "--to"));
     }
     if (range.first >= range.end) {
         throw tools::Error("--to " + options.to, "lies not behind --from " + options.from);
@@ -81,7 +82,7 @@ RowRange readRange(const Options& options, const tools::Stage& stage)
 /// Draws each frame and looks at it.
 class Viewer {
 public:
-    Viewer(const std::string& assetsName, const tools::VideoFormat& format)
+    Viewer(const std::string& assetsName, const tools::video::VideoFormat& format)
         : format(format),
           window(format.size),
           probe(window.renderer(), format.size),
@@ -91,13 +92,13 @@ public:
     {
     }
 
-    const tools::Stage& stage() const { return shown; }
+    const tools::stage::Stage& stage() const { return shown; }
 
-    void view(tools::FrameRange frames, tools::Findings& findings)
+    void view(tools::video::FrameRange frames, tools::showcheck::Findings& findings)
     {
-        std::vector<tools::Place> places;
+        std::vector<tools::showcheck::Place> places;
         {
-            tools::Progress progress(frames.count(), 0);
+            tools::stage::Progress progress(frames.count(), 0);
             for (std::int64_t frame = frames.first; frame < frames.end; ++frame) {
                 places.push_back(viewFrame(frame, findings));
                 progress.step();
@@ -105,27 +106,30 @@ public:
         }
         flashes = meter.finish();
         for (std::size_t i = 0; i < flashes.size(); ++i) {
-            findings.add(tools::Check::Flashes, places[i], flashes[i], tools::mostBadness);
+            findings.add(tools::showcheck::Check::Flashes, places[i], flashes[i],
+                         tools::showcheck::mostBadness);
         }
         printWorstSeconds(places);
     }
 
 private:
-    tools::Place viewFrame(std::int64_t frame, tools::Findings& findings)
+    tools::showcheck::Place viewFrame(std::int64_t frame, tools::showcheck::Findings& findings)
     {
-        const double time = tools::timeOfFrame(frame, format.fps);
+        const double time = tools::video::timeOfFrame(frame, format.fps);
         const float scene = shown.sceneAt(time);
-        const tools::Place place{frame, time, scene};
+        const tools::showcheck::Place place{frame, time, scene};
         shown.show(scene, time);
-        tools::judgeNearPlane(tools::measureNearPlane(format.size, probe.depths()), place, findings);
+        tools::showcheck::judgeNearPlane(tools::showcheck::measureNearPlane(format.size, probe.depths()),
+                                         place, findings);
         window.readRows(pixels);
-        tools::judgePicture(tools::measurePicture(format.size, pixels), place, findings);
+        tools::showcheck::judgePicture(tools::showcheck::measurePicture(format.size, pixels), place,
+                                       findings);
         meter.add(pixels);
         return place;
     }
 
     /// The seconds that flash most, none within another.
-    void printWorstSeconds(const std::vector<tools::Place>& places) const
+    void printWorstSeconds(const std::vector<tools::showcheck::Place>& places) const
     {
         constexpr std::size_t count = 5;
         std::vector<std::size_t> order(flashes.size());
@@ -141,43 +145,44 @@ private:
             {
                 told.push_back(time);
                 fmt::print("{:.2f} flashes in the second before {:.2f} s, {}\n", flashes[i], time,
-                           scene_numbers::nameOf(places[i].scene));
+                           catalogue::nameOf(places[i].scene));
             }
         }
     }
 
-    tools::VideoFormat format;
-    tools::HiddenWindow window;
-    tools::NearPlaneProbe probe;
-    tools::Stage shown;
-    tools::FlashMeter meter;
+    tools::video::VideoFormat format;
+    tools::stage::HiddenWindow window;
+    tools::showcheck::NearPlaneProbe probe;
+    tools::stage::Stage shown;
+    tools::showcheck::FlashMeter meter;
     std::vector<std::uint8_t> pixels;
     std::vector<double> flashes;
 };
 
-tools::Findings check(const Options& options)
+tools::showcheck::Findings check(const Options& options)
 {
-    const tools::VideoFormat format{tools::parsePictureSize("--size", options.size),
-                                    tools::parseFps(options.fps)};
+    const tools::video::VideoFormat format{tools::stage::parsePictureSize("--size", options.size),
+                                           tools::video::parseFps(options.fps)};
     const tools::QuietOutput quiet;
-    const tools::StageFolder folder(options.assets, {});
+    const tools::stage::StageFolder folder(options.assets, {});
     Viewer viewer(options.assets.string(), format);
     const RowRange rows = readRange(options, viewer.stage());
 
-    tools::Findings findings;
+    tools::showcheck::Findings findings;
     const tolv::SyncDevice sync("assets/sync", 128.0, 16);
     // With the rows beside, as a cut shows only there.
-    tools::judgeCamera(tools::readCameraPath(sync, std::max(rows.first - 1, 0), rows.end + 1), findings);
-    viewer.view(
-        {tools::firstFrameOfRow(rows.first, format.fps), tools::firstFrameOfRow(rows.end, format.fps)},
-        findings);
+    tools::showcheck::judgeCamera(
+        tools::showcheck::readCameraPath(sync, std::max(rows.first - 1, 0), rows.end + 1), findings);
+    viewer.view({tools::video::firstFrameOfRow(rows.first, format.fps),
+                 tools::video::firstFrameOfRow(rows.end, format.fps)},
+                findings);
     return findings;
 }
 
 void run(const Options& options)
 {
-    tools::checkFfmpeg();
-    const tools::Findings findings = check(options);
+    tools::video::checkFfmpeg();
+    const tools::showcheck::Findings findings = check(options);
     for (const std::string& line : findings.summary()) {
         fmt::print("{}\n", line);
     }

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 #include <limits>
 
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
@@ -38,8 +38,8 @@ FrameParts splitFrame(const std::vector<zund::DrawCommand>& commands)
     return parts;
 }
 
-NearPlaneProbe::NearPlaneProbe(zund::Renderer& target, Size size)
-    : ForwardingRenderer(target),
+NearPlaneProbe::NearPlaneProbe(zund::Renderer& target, picture::Size size)
+    : renderers::ForwardingRenderer(target),
       size(size),
       depthRows(std::size_t{size.width} * size.height, std::numeric_limits<std::uint16_t>::max())
 {
@@ -79,4 +79,4 @@ void NearPlaneProbe::readDepths(zund::FrameBuffer frameBuffer)
     }
 }
 
-} // namespace tools
+} // namespace tools::showcheck

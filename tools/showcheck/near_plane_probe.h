@@ -1,13 +1,13 @@
 #pragma once
 
-#include "tools/common/forwarding_renderer.h"
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
+#include "tools/renderers/forwarding_renderer.h"
 
 #include <cstdint>
 #include <span>
 #include <vector>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// A renderer between a scene and the one of a window, that finds out what of each frame the near plane cuts
 /// off. The window shows what it would show without it.
@@ -15,10 +15,10 @@ namespace tools {
 /// Models are drawn first without being cut: what would be, leaves depth 0. Text layers, which lie on the
 /// near plane on purpose, are drawn after that; their turn among the models makes no difference to the depth
 /// test.
-class NearPlaneProbe : public ForwardingRenderer {
+class NearPlaneProbe : public renderers::ForwardingRenderer {
 public:
     /// For frames of that size. `target` draws on the current context, and outlives the probe.
-    NearPlaneProbe(zund::Renderer& target, Size size);
+    NearPlaneProbe(zund::Renderer& target, picture::Size size);
 
     /// The depths of the models of the last frame, one a pixel in rows from the bottom; all at the far plane
     /// for a frame without models. Borrowed: changes with the next frame.
@@ -29,7 +29,7 @@ public:
 private:
     void readDepths(zund::FrameBuffer frameBuffer);
 
-    Size size;
+    picture::Size size;
     std::vector<std::uint16_t> depthRows;
 };
 
@@ -41,4 +41,4 @@ struct FrameParts {
 };
 FrameParts splitFrame(const std::vector<zund::DrawCommand>& commands);
 
-} // namespace tools
+} // namespace tools::showcheck

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace tools {
+namespace tools::showcheck {
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr std::size_t tones = 12;      // neighbouring luminances that look alik
 /// How many pixels there are of each luminance.
 using Histogram = std::array<std::uint32_t, 256>;
 
-Histogram luminances(Size size, std::span<const std::uint8_t> pixels)
+Histogram luminances(picture::Size size, std::span<const std::uint8_t> pixels)
 {
     const SeenRows rows = seenRows(size);
     const std::size_t rowBytes = std::size_t{3} * size.width;
@@ -34,7 +34,7 @@ double shareOf(std::uint32_t count, double total)
 
 } // namespace
 
-SeenRows seenRows(Size size)
+SeenRows seenRows(picture::Size size)
 {
     // As the shader of the bars has it: a row is seen if its middle is.
     const double bar = std::max((size.height - size.width * 27.0 / 64.0) / 2.0, 0.0);
@@ -42,7 +42,7 @@ SeenRows seenRows(Size size)
     return {first, size.height - first};
 }
 
-PictureStatistics measurePicture(Size size, std::span<const std::uint8_t> pixels)
+PictureStatistics measurePicture(picture::Size size, std::span<const std::uint8_t> pixels)
 {
     const Histogram histogram = luminances(size, pixels);
     const auto* const begin = histogram.begin();
@@ -74,7 +74,7 @@ void judgePicture(const PictureStatistics& picture, const Place& place, Findings
     findings.add(Check::OneTone, place, 100.0 * picture.commonestTone, 100.0 * limits.mostOfOneTone);
 }
 
-NearPlaneCut measureNearPlane(Size size, std::span<const std::uint16_t> depths)
+NearPlaneCut measureNearPlane(picture::Size size, std::span<const std::uint16_t> depths)
 {
     const SeenRows rows = seenRows(size);
     const std::uint32_t height = rows.end - rows.first;
@@ -104,4 +104,4 @@ void judgeNearPlane(const NearPlaneCut& cut, const Place& place, Findings& findi
     findings.add(Check::NearPlaneInTheMiddle, place, 100.0 * cut.middle, 100.0 * limits.mostOfMiddle);
 }
 
-} // namespace tools
+} // namespace tools::showcheck

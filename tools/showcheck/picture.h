@@ -1,12 +1,12 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 #include "tools/showcheck/findings.h"
 
 #include <cstdint>
 #include <span>
 
-namespace tools {
+namespace tools::showcheck {
 
 /// Rows of pixels of a picture of that size that the bars above and below leave free, at 64:27. They are the
 /// same counted from above and from below.
@@ -14,7 +14,7 @@ struct SeenRows {
     std::uint32_t first;
     std::uint32_t end;
 };
-SeenRows seenRows(Size size);
+SeenRows seenRows(picture::Size size);
 
 /// What of a picture would tell that nothing is on it. Luminance is that of the coded values, 0 to 255.
 struct PictureStatistics {
@@ -25,7 +25,7 @@ struct PictureStatistics {
 };
 
 /// Measures what the bars leave free of a picture: 3 bytes a pixel, red first, in rows from either end.
-PictureStatistics measurePicture(Size size, std::span<const std::uint8_t> pixels);
+PictureStatistics measurePicture(picture::Size size, std::span<const std::uint8_t> pixels);
 
 /// What pictures have to keep to.
 struct PictureLimits {
@@ -46,7 +46,7 @@ struct NearPlaneCut {
 
 /// Measures depths in which all that the near plane would cut off stands at 0: one a pixel, in rows from
 /// either end.
-NearPlaneCut measureNearPlane(Size size, std::span<const std::uint16_t> depths);
+NearPlaneCut measureNearPlane(picture::Size size, std::span<const std::uint16_t> depths);
 
 /// How much may be cut open: less than a viewer notices at the edge of the picture, nothing in the middle.
 struct NearPlaneLimits {
@@ -57,4 +57,4 @@ struct NearPlaneLimits {
 void judgeNearPlane(const NearPlaneCut& cut, const Place& place, Findings& findings,
                     const NearPlaneLimits& limits = {});
 
-} // namespace tools
+} // namespace tools::showcheck

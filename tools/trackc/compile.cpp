@@ -4,15 +4,15 @@
 #include "tools/common/atomic_file.h"
 #include "tools/common/error.h"
 #include "tools/common/read_file.h"
-#include "tools/trackc/scene_values.h"
-#include "tools/trackc/shot_list.h"
-#include "tools/trackc/track_file.h"
-#include "tools/trackc/track_text.h"
+#include "tools/timeline/scene_values.h"
+#include "tools/timeline/shot_list.h"
+#include "tools/timeline/track_file.h"
+#include "tools/timeline/track_text.h"
 
 #include <fmt/format.h>
 #include <map>
 
-namespace tools {
+namespace tools::trackc {
 
 namespace {
 
@@ -24,20 +24,20 @@ bool isShotList(const std::filesystem::path& text)
 }
 
 /// The tracks that a text gives.
-std::vector<ShotTrack> readTracks(const std::filesystem::path& text)
+std::vector<timeline::ShotTrack> readTracks(const std::filesystem::path& text)
 {
     const std::string content = readFile(text);
     if (isShotList(text)) {
-        return tracksOf(parseShots(content, text.string()));
+        return timeline::tracksOf(timeline::parseShots(content, text.string()));
     }
     const std::string name = text.stem().string();
-    const std::vector<TextKey> lines = parseTrackText(content, text.string());
+    const std::vector<timeline::TextKey> lines = timeline::parseTrackText(content, text.string());
     if (name == "scene") {
-        checkSceneValues(lines, text.string());
+        timeline::checkSceneValues(lines, text.string());
     }
     std::vector<sync_key> keys;
     keys.reserve(lines.size());
-    for (const TextKey& line : lines) {
+    for (const timeline::TextKey& line : lines) {
         keys.push_back(line.key);
     }
     return {{name, keys}};
@@ -63,7 +63,7 @@ std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path
                             fmt::format("the track '{}' comes from {} already", name, first->second));
             }
             tracks.push_back({name, keys.size(), keys.back().row});
-            outputs.push_back({folder / sync_track_path(base, name.c_str()), encodeTrack(keys)});
+            outputs.push_back({folder / sync_track_path(base, name.c_str()), timeline::encodeTrack(keys)});
         }
     }
     makeFolder(folder);
@@ -78,4 +78,4 @@ std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path
     return tracks;
 }
 
-} // namespace tools
+} // namespace tools::trackc

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::trackc {
 
 /// What became of one text file.
 struct CompiledTrack {
@@ -24,4 +24,4 @@ struct CompiledTrack {
 std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path>& texts,
                                          const std::filesystem::path& folder);
 
-} // namespace tools
+} // namespace tools::trackc

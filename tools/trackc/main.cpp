@@ -2,9 +2,9 @@
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
 #include "tools/common/read_file.h"
+#include "tools/timeline/track_file.h"
+#include "tools/timeline/track_text.h"
 #include "tools/trackc/compile.h"
-#include "tools/trackc/track_file.h"
-#include "tools/trackc/track_text.h"
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -63,12 +63,13 @@ void run(const Options& options)
     checkOptions(options);
     if (options.dump) {
         const std::filesystem::path& file = options.files.front();
-        const auto style = options.bars ? tools::RowStyle::Bars : tools::RowStyle::Plain;
-        fmt::print("{}",
-                   tools::printTrackText(tools::decodeTrack(tools::readFile(file), file.string()), style));
+        const auto style = options.bars ? tools::timeline::RowStyle::Bars : tools::timeline::RowStyle::Plain;
+        fmt::print("{}", tools::timeline::printTrackText(
+                             tools::timeline::decodeTrack(tools::readFile(file), file.string()), style));
         return;
     }
-    for (const tools::CompiledTrack& track : tools::compileTracks(options.files, options.output)) {
+    for (const tools::trackc::CompiledTrack& track :
+         tools::trackc::compileTracks(options.files, options.output)) {
         fmt::print("{}: {} {}, {:.1f} s\n", track.name, track.keys, track.keys == 1 ? "key" : "keys",
                    track.lastRow / timeToRow(1.0));
     }

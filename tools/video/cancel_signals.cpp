@@ -3,7 +3,7 @@
 #include <atomic>
 #include <iterator>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -45,4 +45,4 @@ void CancelSignals::check()
     }
 }
 
-} // namespace tools
+} // namespace tools::video

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <stdexcept>
 
-namespace tools {
+namespace tools::video {
 
 /// Thrown where work stops because its user asked for it.
 class Cancelled : public std::runtime_error {
@@ -30,4 +30,4 @@ private:
     struct sigaction before[3] = {};
 };
 
-} // namespace tools
+} // namespace tools::video

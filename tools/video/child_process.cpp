@@ -17,7 +17,7 @@
 
 extern char** environ; // NOLINT(readability-redundant-declaration)
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -205,4 +205,4 @@ std::string lastLine(const std::string& text)
     return text.substr(begin, end + 1 - begin);
 }
 
-} // namespace tools
+} // namespace tools::video

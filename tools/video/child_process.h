@@ -6,7 +6,7 @@
 #include <sys/types.h>
 #include <vector>
 
-namespace tools {
+namespace tools::video {
 
 /// Another program, found on the PATH, that runs beside this one. Ctrl+C does not reach it; what it says is
 /// kept. Broken pipes no longer end this process once there has been one.
@@ -57,4 +57,4 @@ ChildProcess::Result runProgram(const std::vector<std::string>& command);
 /// The last line of what a program said, without its end; "it said nothing" if that's so.
 std::string lastLine(const std::string& text);
 
-} // namespace tools
+} // namespace tools::video

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -107,7 +107,7 @@ int parseFps(const std::string& text)
     return *fps;
 }
 
-void checkVideoSize(Size size)
+void checkVideoSize(picture::Size size)
 {
     if (size.width % 2 != 0 || size.height % 2 != 0) {
         throw Error(fmt::format("--size {}x{}", size.width, size.height),
@@ -115,4 +115,4 @@ void checkVideoSize(Size size)
     }
 }
 
-} // namespace tools
+} // namespace tools::video

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::video {
 
 /// Frames of the show from `first` up to but without `end`. They count from the start of the show, whatever
 /// is filmed of it: frame i stands at i/fps seconds.
@@ -51,6 +51,6 @@ Share parseShare(const std::string& text);
 int parseFps(const std::string& text);
 
 /// Throws `Error` "--size WxH: ..." unless both sides are even, as players want them.
-void checkVideoSize(Size size);
+void checkVideoSize(picture::Size size);
 
-} // namespace tools
+} // namespace tools::video

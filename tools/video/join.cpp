@@ -10,7 +10,7 @@
 #include <fmt/format.h>
 #include <fstream>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -148,4 +148,4 @@ void joinFiles(const std::vector<std::filesystem::path>& files, const std::optio
     }
 }
 
-} // namespace tools
+} // namespace tools::video

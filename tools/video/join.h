@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::video {
 
 /// What of a piece of music belongs to a video, in samples of `musicRate`. Behind its end it is silence.
 struct MusicCut {
@@ -43,4 +43,4 @@ std::vector<VideoPart> fitTogether(std::vector<VideoPart> parts);
 void joinFiles(const std::vector<std::filesystem::path>& files, const std::optional<MusicCut>& music, int fps,
                const std::string& comment, const std::filesystem::path& output);
 
-} // namespace tools
+} // namespace tools::video

@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -54,4 +54,4 @@ void NewFile::commit()
     asidePath.clear();
 }
 
-} // namespace tools
+} // namespace tools::video

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace tools {
+namespace tools::video {
 
 /// A file that another program writes, and that takes its name when it is whole. Until then it has a name
 /// beside it; without `commit` it is removed.
@@ -29,4 +29,4 @@ private:
 /// The start of the names that files have until they are whole.
 constexpr const char* asidePrefix = ".new-";
 
-} // namespace tools
+} // namespace tools::video

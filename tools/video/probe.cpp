@@ -10,7 +10,7 @@
 #include <map>
 #include <sstream>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -143,4 +143,4 @@ void checkVideo(const Probe& found, const std::filesystem::path& file, const Vid
     }
 }
 
-} // namespace tools
+} // namespace tools::video

@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace tools::video {
 
 /// What ffprobe finds in a video file: its own counts, not what the file says of itself.
 struct Probe {
     struct Picture {
-        Size size;
+        picture::Size size;
         std::int64_t ticksPerSecond;
         std::vector<std::int64_t> times; ///< of the frames, in ticks, in the order of the file
         std::string colours;             ///< "RANGE MATRIX TRANSFER PRIMARIES", in ffprobe's words
@@ -38,4 +38,4 @@ Probe probe(const std::filesystem::path& file);
 void checkVideo(const Probe& found, const std::filesystem::path& file, const VideoFormat& format,
                 std::int64_t frames, bool withSound);
 
-} // namespace tools
+} // namespace tools::video

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::video {
 
 namespace {
 
@@ -159,4 +159,4 @@ std::vector<std::string> colourArguments()
     return {"-color_range", "tv", "-colorspace", "bt709", "-color_primaries", "bt709", "-color_trc", "bt709"};
 }
 
-} // namespace tools
+} // namespace tools::video

@@ -13,7 +13,7 @@
 #include <thread>
 #include <vector>
 
-namespace tools {
+namespace tools::video {
 
 /// Makes an MP4 file without sound of frames that come one by one: H.264 by ffmpeg, with the colours of
 /// BT.709, written down as such. The file stands alone, and begins with its first frame. Each group of
@@ -75,4 +75,4 @@ void checkFfmpeg();
 /// The arguments after ffmpeg's name that say what the output's colours are, whatever it is made from.
 std::vector<std::string> colourArguments();
 
-} // namespace tools
+} // namespace tools::video

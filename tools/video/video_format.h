@@ -1,15 +1,15 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
-namespace tools {
+namespace tools::video {
 
 /// What all parts of a video have in common.
 struct VideoFormat {
-    Size size = {1920, 1080}; ///< in pixels, both even
-    int fps = 60;             ///< frames a second, 24 to 120
+    picture::Size size = {1920, 1080}; ///< in pixels, both even
+    int fps = 60;                      ///< frames a second, 24 to 120
 
     bool operator==(const VideoFormat&) const = default;
 };
 
-} // namespace tools
+} // namespace tools::video

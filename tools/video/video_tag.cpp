@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <fmt/format.h>
 
-namespace tools {
+namespace tools::video {
 
 std::string writeTag(const VideoTag& tag)
 {
@@ -55,4 +55,4 @@ std::string Fingerprint::text() const
     return fmt::format("{:016x}", state);
 }
 
-} // namespace tools
+} // namespace tools::video

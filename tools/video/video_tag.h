@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace tools {
+namespace tools::video {
 
 /// What a video file of the show says of itself, in its comment: enough to tell whether it fits another.
 struct VideoTag {
@@ -36,4 +36,4 @@ private:
     std::uint64_t state = 0xCBF29CE484222325; // FNV-1a
 };
 
-} // namespace tools
+} // namespace tools::video

@@ -4,11 +4,11 @@
 #include <set>
 #include <string>
 
-using tools::RgbImage;
+using tools::picture::RgbImage;
 
 namespace {
 
-RgbImage blank(tools::Size size)
+RgbImage blank(tools::picture::Size size)
 {
     return {size, std::vector<std::uint8_t>(std::size_t{3} * size.width * size.height, 0)};
 }
@@ -27,7 +27,7 @@ std::string drawing(const RgbImage& image)
 TEST(BitmapFont, DrawsSmallLettersAsCapitals)
 {
     RgbImage image = blank({12, 7});
-    tools::drawText(image, "r4", 0, 0, 12, 1);
+    tools::capture::drawText(image, "r4", 0, 0, 12, 1);
     EXPECT_EQ(drawing(image), "####     #  \n"
                               "#   #   ##  \n"
                               "#   #  # #  \n"
@@ -40,7 +40,7 @@ TEST(BitmapFont, DrawsSmallLettersAsCapitals)
 TEST(BitmapFont, MakesDotsOfTheScale)
 {
     RgbImage image = blank({12, 16});
-    tools::drawText(image, "-", 1, 1, 12, 2);
+    tools::capture::drawText(image, "-", 1, 1, 12, 2);
     const std::string empty(12, ' ');
     std::string expected;
     for (int y = 0; y < 16; ++y) {
@@ -52,7 +52,7 @@ TEST(BitmapFont, MakesDotsOfTheScale)
 TEST(BitmapFont, CutsOffAtTheRightAndAtThePicture)
 {
     RgbImage image = blank({8, 3});
-    tools::drawText(image, "EEE", 0, 1, 7, 1);
+    tools::capture::drawText(image, "EEE", 0, 1, 7, 1);
     EXPECT_EQ(drawing(image), "        \n"
                               "##### # \n"
                               "#     # \n");
@@ -64,7 +64,7 @@ TEST(BitmapFont, TellsAllItsCharactersApart)
     std::set<std::string> drawings;
     for (const char character : characters) {
         RgbImage image = blank({6, 7});
-        tools::drawText(image, std::string(1, character), 0, 0, 6, 1);
+        tools::capture::drawText(image, std::string(1, character), 0, 0, 6, 1);
         drawings.insert(drawing(image));
     }
     EXPECT_EQ(drawings.size(), characters.size());

@@ -1,5 +1,5 @@
 #include "tests/tools/capture/capture_runs.h"
-#include "tools/packer/png_image.h"
+#include "tools/picture/png_image.h"
 
 #include <gmock/gmock.h>
 
@@ -10,20 +10,23 @@ namespace {
 
 class CaptureCommand : public CaptureRuns {
 protected:
-    static tools::Size sizeOf(const std::string& file) { return tools::readPngSize(read(file), file); }
+    static tools::picture::Size sizeOf(const std::string& file)
+    {
+        return tools::picture::readPngSize(read(file), file);
+    }
 };
 
 TEST_F(CaptureCommand, WritesAStillOf1080LinesIfNothingElseIsAsked)
 {
     ASSERT_EQ(capture("still --bar 5 still.png").status, 0);
-    EXPECT_EQ(sizeOf("still.png"), (tools::Size{1920, 1080}));
+    EXPECT_EQ(sizeOf("still.png"), (tools::picture::Size{1920, 1080}));
 }
 
 TEST_F(CaptureCommand, WritesSizesThatNoScreenHas)
 {
     for (const char* const size : {"3840x2160", "1x1", "1001x33"}) {
         ASSERT_EQ(capture(std::string("still --bar 5 still.png --size ") + size).status, 0);
-        const tools::Size found = sizeOf("still.png");
+        const tools::picture::Size found = sizeOf("still.png");
         EXPECT_EQ(std::to_string(found.width) + "x" + std::to_string(found.height), size);
     }
 }
@@ -43,7 +46,7 @@ TEST_F(CaptureCommand, TellsHowFarASheetIs)
     const ToolResult result =
         capture("sheet --every 0.5 --from 5 --to 6 --columns 2 --size 160x90 sheet.png");
     ASSERT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(sizeOf("sheet.png"), (tools::Size{4 + 2 * 164, 4 + 2 * 105}));
+    EXPECT_EQ(sizeOf("sheet.png"), (tools::picture::Size{4 + 2 * 164, 4 + 2 * 105}));
     EXPECT_THAT(result.error, HasSubstr("1 of 3: bar 5:0:0 row 320 credits\n"));
     EXPECT_THAT(result.error, HasSubstr("2 of 3: bar 5:2:0 row 352 credits\n"));
     EXPECT_THAT(result.error, HasSubstr("3 of 3: bar 6:0:0 row 384 no scene\n"));

@@ -1,6 +1,6 @@
 #include "tests/tools/capture/capture_runs.h"
 
-#include "tools/trackc/track_file.h"
+#include "tools/timeline/track_file.h"
 
 #include <map>
 
@@ -26,7 +26,7 @@ CaptureRuns::CaptureRuns()
     for (const float scene : scenes) {
         keys.push_back({static_cast<std::int32_t>(64 * keys.size()), scene, SYNC_STEP});
     }
-    write("assets/sync_scene.track", tools::encodeTrack(keys));
+    write("assets/sync_scene.track", tools::timeline::encodeTrack(keys));
     writeTrack("camera_pos_y", 0.5F);
     writeTrack("camera_pos_z", 3.0F);
 }
@@ -54,5 +54,5 @@ std::vector<std::uint8_t> CaptureRuns::pixelsOfScene(const std::string& scene, c
 
 void CaptureRuns::writeTrack(const std::string& name, float value)
 {
-    write("assets/sync_" + name + ".track", tools::encodeTrack({{0, value, SYNC_STEP}}));
+    write("assets/sync_" + name + ".track", tools::timeline::encodeTrack({{0, value, SYNC_STEP}}));
 }

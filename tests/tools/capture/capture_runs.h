@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/tools/in_temporary_folder.h"
-#include "tests/tools/run_tool.h"
+#include "tests/support/in_temporary_folder.h"
+#include "tests/support/run_tool.h"
 
 #include <cstdint>
 #include <string>

@@ -9,12 +9,12 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
-using tools::RgbImage;
+using tools::picture::RgbImage;
 
 namespace {
 
-constexpr tools::Size size = {64, 36};
-constexpr tools::VideoFormat format = {size, 24};
+constexpr tools::picture::Size size = {64, 36};
+constexpr tools::video::VideoFormat format = {size, 24};
 
 // Mean levels of 255 that the encoder may take off a picture as small as this, whose every pixel is an edge,
 // and whose colours stand in samples of 2x2 pixels. Another scene is 20 off and more.
@@ -57,7 +57,7 @@ TEST_F(CaptureVideo, HoldsFrameAfterFrameAsStillsHaveThem)
 TEST_F(CaptureVideo, CutsTheMusicToItsFirstFrame)
 {
     ASSERT_EQ(video("--from 0:2 --to 1 out.mp4").status, 0);
-    tools::checkVideo(tools::probe("out.mp4"), "out.mp4", format, 22, true);
+    tools::video::checkVideo(tools::video::probe("out.mp4"), "out.mp4", format, 22, true);
     // The click at frame 30 of the show, in a video that starts with frame 23.
     EXPECT_NEAR(static_cast<double>(loudestSample(decodeSound("out.mp4"))), 7 * 44100 / 24.0, 2.0);
 }

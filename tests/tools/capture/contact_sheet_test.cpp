@@ -6,11 +6,11 @@
 
 using testing::ElementsAre;
 using testing::ThrowsMessage;
-using tools::ContactSheet;
 using tools::Error;
-using tools::RgbImage;
-using tools::sheetRows;
-using tools::Size;
+using tools::capture::ContactSheet;
+using tools::capture::sheetRows;
+using tools::picture::RgbImage;
+using tools::picture::Size;
 
 namespace {
 

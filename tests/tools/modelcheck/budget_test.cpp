@@ -4,8 +4,8 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using tools::describe;
-using tools::overBudget;
+using tools::modelcheck::describe;
+using tools::modelcheck::overBudget;
 
 namespace {
 

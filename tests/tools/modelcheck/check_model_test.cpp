@@ -11,16 +11,16 @@ using testing::Contains;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::StartsWith;
-using tools::ImportedMesh;
-using tools::ModelRules;
-using tools::Texture;
+using tools::modelcheck::ImportedMesh;
+using tools::modelcheck::ModelRules;
+using tools::modelcheck::Texture;
 
 namespace {
 
 constexpr float nan = std::numeric_limits<float>::quiet_NaN();
 constexpr float infinity = std::numeric_limits<float>::infinity();
 
-const ModelRules lid = *tools::findModelRules("toilet_lid");
+const ModelRules lid = *tools::modelcheck::findModelRules("toilet_lid");
 constexpr ModelRules printed = {.name = "any", .texture = Texture::Prints};
 constexpr ModelRules baked = {.name = "any", .texture = Texture::Baked};
 
@@ -153,7 +153,8 @@ TEST(CheckModel, LetsSheetsEndWhereTheRulesSaySo)
 {
     ImportedMesh mesh = importedLid();
     mesh.triangles.pop_back();
-    EXPECT_THAT(checkModel(mesh, {.name = "any", .openEdges = tools::anyNumber}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .openEdges = tools::modelcheck::anyNumber}).problems,
+                IsEmpty());
     EXPECT_THAT(checkModel(mesh, {.name = "any", .openEdges = 3}).problems, IsEmpty());
     EXPECT_THAT(
         checkModel(mesh, {.name = "any", .openEdges = 2}).problems,
@@ -162,7 +163,7 @@ TEST(CheckModel, LetsSheetsEndWhereTheRulesSaySo)
 
 TEST(CheckModel, OverlooksOneTriangleInFourHundredAgainstItsNormals)
 {
-    std::vector<tools::Box> boxes;
+    std::vector<standins::Box> boxes;
     for (int i = 0; i < 34; ++i) {
         const auto x = static_cast<float>(2 * i);
         boxes.push_back({{x, 0.0F, 0.0F}, {x + 1.0F, 1.0F, 1.0F}});

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-using tools::Extent;
+using tools::modelcheck::Extent;
 
 namespace {
 
@@ -29,8 +29,8 @@ constexpr Expected expected[] = {
 
 TEST(Extents, SayWhereAModelEnds)
 {
-    const tools::Box box = {{-4.0F, 1.0F, -3.0F}, {2.0F, 5.0F, 2.5F}};
-    const tools::ImportedMesh mesh = importedBoxes({&box, 1});
+    const standins::Box box = {{-4.0F, 1.0F, -3.0F}, {2.0F, 5.0F, 2.5F}};
+    const tools::modelcheck::ImportedMesh mesh = importedBoxes({&box, 1});
     for (const Expected& row : expected) {
         EXPECT_FLOAT_EQ(measure(mesh, row.extent), row.value) << row.name;
         EXPECT_STREQ(nameOf(row.extent), row.name);

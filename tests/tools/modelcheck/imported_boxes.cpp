@@ -1,11 +1,11 @@
 #include "tests/tools/modelcheck/imported_boxes.h"
 
-#include "tools/standins/box_mesh.h"
+#include "tests/standins/box_mesh.h"
 
 #include <set>
 #include <utility>
 
-using tools::ImportedMesh;
+using tools::modelcheck::ImportedMesh;
 
 namespace {
 
@@ -18,9 +18,9 @@ void addFrame(ImportedMesh& mesh, const glm::vec3& normal)
 
 } // namespace
 
-ImportedMesh importedBoxes(std::span<const tools::Box> boxes)
+ImportedMesh importedBoxes(std::span<const standins::Box> boxes)
 {
-    const tools::Mesh boxMesh = tools::meshOf(boxes);
+    const standins::Mesh boxMesh = standins::meshOf(boxes);
     ImportedMesh mesh;
     mesh.positions = boxMesh.positions;
     mesh.normals = boxMesh.normals;
@@ -36,7 +36,7 @@ ImportedMesh importedBoxes(std::span<const tools::Box> boxes)
 
 ImportedMesh importedLid()
 {
-    return importedBoxes(tools::findModel("toilet_lid")->boxes);
+    return importedBoxes(standins::findModel("toilet_lid")->boxes);
 }
 
 void turnInsideOut(ImportedMesh& mesh, std::size_t first)

@@ -1,6 +1,6 @@
 #include "tools/modelcheck/model_rules.h"
 
-#include "tools/standins/model_boxes.h"
+#include "scenes/catalogue.h"
 
 #include <filesystem>
 #include <fstream>
@@ -36,27 +36,30 @@ std::map<std::string, Use> usesInScenes()
 {
     std::map<std::string, Use> uses;
     for (const auto& entry : std::filesystem::directory_iterator(SCENES)) {
+        if (!entry.path().filename().string().ends_with("_scene.cpp")) {
+            continue;
+        }
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);) {
-            const std::string model = between(line, "\"assets/", ".glb\"");
+            const std::string model = between(line, "models::", ",");
             if (!model.empty()) {
                 Use& use = uses[model];
                 ++use.loads;
-                use.textured = use.textured || line.find("surface(") != std::string::npos;
+                use.textured = use.textured || line.find("textures::") != std::string::npos;
             }
         }
     }
     return uses;
 }
 
-TEST(ModelRules, AreThoseOfTheModelsOfTheShow)
+TEST(ModelRules, StandOnceForEachModelOfTheShow)
 {
     std::vector<std::string_view> names;
-    for (const tools::ModelRules& row : tools::modelRules()) {
+    for (const tools::modelcheck::ModelRules& row : tools::modelcheck::modelRules()) {
         names.push_back(row.name);
     }
     std::vector<std::string_view> expected;
-    for (const tools::ModelBoxes& model : tools::standInModels()) {
+    for (const catalogue::Model& model : catalogue::allModels) {
         expected.push_back(model.name);
     }
     EXPECT_THAT(names, UnorderedElementsAreArray(expected));
@@ -65,9 +68,9 @@ TEST(ModelRules, AreThoseOfTheModelsOfTheShow)
 TEST(ModelRules, KnowHowOftenTheScenesLoadEachModel)
 {
     const std::map<std::string, Use> uses = usesInScenes();
-    EXPECT_EQ(uses.size(), tools::modelRules().size());
+    EXPECT_EQ(uses.size(), tools::modelcheck::modelRules().size());
     for (const auto& [name, use] : uses) {
-        const tools::ModelRules* const rules = tools::findModelRules(name);
+        const tools::modelcheck::ModelRules* const rules = tools::modelcheck::findModelRules(name);
         ASSERT_NE(rules, nullptr) << name;
         EXPECT_EQ(rules->loads, use.loads) << name;
     }
@@ -76,23 +79,25 @@ TEST(ModelRules, KnowHowOftenTheScenesLoadEachModel)
 TEST(ModelRules, KnowWhichModelsTheScenesPutATextureOn)
 {
     for (const auto& [name, use] : usesInScenes()) {
-        EXPECT_EQ(tools::findModelRules(name)->texture != tools::Texture::None, use.textured) << name;
+        EXPECT_EQ(tools::modelcheck::findModelRules(name)->texture != tools::modelcheck::Texture::None,
+                  use.textured)
+            << name;
     }
 }
 
 TEST(ModelRules, KnowNoOtherModel)
 {
-    EXPECT_EQ(tools::findModelRules("chair"), nullptr);
-    EXPECT_EQ(tools::findModelRules(""), nullptr);
+    EXPECT_EQ(tools::modelcheck::findModelRules("chair"), nullptr);
+    EXPECT_EQ(tools::modelcheck::findModelRules(""), nullptr);
 }
 
 TEST(Placements, SaySomethingAboutEachModel)
 {
     std::map<std::string_view, int> rows;
-    for (const tools::Placement& place : tools::placements()) {
+    for (const tools::modelcheck::Placement& place : tools::modelcheck::placements()) {
         ++rows[place.model];
     }
-    for (const tools::ModelRules& model : tools::modelRules()) {
+    for (const tools::modelcheck::ModelRules& model : tools::modelcheck::modelRules()) {
         EXPECT_GE(rows[model.name], 2) << model.name;
     }
 }

@@ -1,9 +1,9 @@
-#include "tests/tools/in_temporary_folder.h"
-#include "tests/tools/run_tool.h"
-#include "tools/standins/box_mesh.h"
-#include "tools/standins/glb_file.h"
-#include "tools/standins/model_boxes.h"
-#include "tools/standins/stand_ins.h"
+#include "tests/standins/box_mesh.h"
+#include "tests/standins/glb_file.h"
+#include "tests/standins/model_boxes.h"
+#include "tests/standins/stand_ins.h"
+#include "tests/support/in_temporary_folder.h"
+#include "tests/support/run_tool.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ const std::string lidLine =
 /// The lid's file, with some of its text replaced by as much other text.
 std::string lidWith(const std::string& text, const std::string& other)
 {
-    std::string file = tools::modelFile("toilet_lid");
+    std::string file = standins::modelFile("toilet_lid");
     file.replace(file.find(text), other.size(), other);
     return file;
 }
@@ -35,7 +35,7 @@ class ModelcheckCommand : public InTemporaryFolder {};
 
 TEST_F(ModelcheckCommand, PassesASoundModelInOneLine)
 {
-    write("toilet_lid.glb", tools::modelFile("toilet_lid"));
+    write("toilet_lid.glb", standins::modelFile("toilet_lid"));
     const ToolResult result = runTool(modelcheck + " toilet_lid.glb");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, head + lidLine);
@@ -44,7 +44,7 @@ TEST_F(ModelcheckCommand, PassesASoundModelInOneLine)
 
 TEST_F(ModelcheckCommand, TellsAllMeasurementsIfAsked)
 {
-    write("toilet_lid.glb", tools::modelFile("toilet_lid"));
+    write("toilet_lid.glb", standins::modelFile("toilet_lid"));
     const ToolResult result = runTool(modelcheck + " --verbose toilet_lid.glb");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.output, HasSubstr("\n  its root node leaves it where it is\n"));
@@ -53,7 +53,7 @@ TEST_F(ModelcheckCommand, TellsAllMeasurementsIfAsked)
 
 TEST_F(ModelcheckCommand, DumpsMeshesInPlaceOfCheckingThem)
 {
-    write("some.glb", tools::modelFile("toilet_lid")); // a model that the show does not have
+    write("some.glb", standins::modelFile("toilet_lid")); // a model that the show does not have
     const ToolResult result = runTool(modelcheck + " --dump some.glb");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.error, "");
@@ -64,8 +64,8 @@ TEST_F(ModelcheckCommand, DumpsMeshesInPlaceOfCheckingThem)
 
 TEST_F(ModelcheckCommand, AddsUpWhatModelsCost)
 {
-    write("toilet_lid.glb", tools::modelFile("toilet_lid"));
-    write("hat.glb", tools::modelFile("hat")); // which two scenes load
+    write("toilet_lid.glb", standins::modelFile("toilet_lid"));
+    write("hat.glb", standins::modelFile("hat")); // which two scenes load
     const ToolResult result = runTool(modelcheck + " --budget toilet_lid.glb hat.glb");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.output,
@@ -75,7 +75,7 @@ TEST_F(ModelcheckCommand, AddsUpWhatModelsCost)
 TEST_F(ModelcheckCommand, LooksAtAllFilesAndNamesEachProblem)
 {
     write("toilet_lid.glb", "This is text, and it is longer than a header.");
-    write("hat.glb", tools::modelFile("toilet_lid"));
+    write("hat.glb", standins::modelFile("toilet_lid"));
     const ToolResult result = runTool(modelcheck + " toilet_lid.glb hat.glb none.glb");
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, HasSubstr("\nhat "));
@@ -89,7 +89,7 @@ TEST_F(ModelcheckCommand, LooksAtAllFilesAndNamesEachProblem)
 
 TEST_F(ModelcheckCommand, AsksForARowOfItsOwn)
 {
-    write("chair.glb", tools::modelFile("toilet_lid"));
+    write("chair.glb", standins::modelFile("toilet_lid"));
     const ToolResult result = runTool(modelcheck + " chair.glb");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.error, "chair.glb: no row says where it has to fit\n"
@@ -99,9 +99,9 @@ TEST_F(ModelcheckCommand, AsksForARowOfItsOwn)
 
 TEST_F(ModelcheckCommand, ChecksAllElseOfModelsOfAnyName)
 {
-    tools::Mesh mesh = tools::meshOf(tools::findModel("toilet_lid")->boxes);
+    standins::Mesh mesh = standins::meshOf(standins::findModel("toilet_lid")->boxes);
     mesh.indices.resize(mesh.indices.size() - 3);
-    write("chair.glb", tools::encodeGlb("chair", mesh));
+    write("chair.glb", standins::encodeGlb("chair", mesh));
     const ToolResult result = runTool(modelcheck + " --any-name chair.glb");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.error,
@@ -111,8 +111,8 @@ TEST_F(ModelcheckCommand, ChecksAllElseOfModelsOfAnyName)
 
 TEST_F(ModelcheckCommand, RefusesARootThatMoves)
 {
-    const tools::Mesh mesh = tools::meshOf(tools::findModel("toilet_lid")->boxes);
-    write("toilet_lid.glb", tools::encodeGlb(R"(lid","translation":[0,0,1],"note":")", mesh));
+    const standins::Mesh mesh = standins::meshOf(standins::findModel("toilet_lid")->boxes);
+    write("toilet_lid.glb", standins::encodeGlb(R"(lid","translation":[0,0,1],"note":")", mesh));
     const ToolResult result = runTool(modelcheck + " toilet_lid.glb");
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.error, HasSubstr("toilet_lid.glb: its root node moves, turns or scales it"));
@@ -120,9 +120,9 @@ TEST_F(ModelcheckCommand, RefusesARootThatMoves)
 
 TEST_F(ModelcheckCommand, SeesTheNansOfAFile)
 {
-    tools::Mesh mesh = tools::meshOf(tools::findModel("toilet_lid")->boxes);
+    standins::Mesh mesh = standins::meshOf(standins::findModel("toilet_lid")->boxes);
     mesh.normals[0].y = std::numeric_limits<float>::quiet_NaN();
-    write("toilet_lid.glb", tools::encodeGlb("lid", mesh));
+    write("toilet_lid.glb", standins::encodeGlb("lid", mesh));
     const ToolResult result = runTool(modelcheck + " toilet_lid.glb");
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.error,
@@ -150,7 +150,7 @@ TEST_P(Refusal, HasTheTextOfTheLoader)
 
 const BadFile badFiles[] = {
     {"EmptyFile", "", "failed to import model"},
-    {"CutOffFile", tools::modelFile("toilet_lid").substr(0, 500), "failed to import model"},
+    {"CutOffFile", standins::modelFile("toilet_lid").substr(0, 500), "failed to import model"},
     {"NoPositions", lidWith("POSITION", "_OSITION"), "failed to import model"},
     {"NoNormals", lidWith("NORMAL", "_ORMAL"), "no normals?!"},
     {"NoTextureCoordinates", lidWith("TEXCOORD_0", "_EXCOORD_0"), "no tangents?!"},

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-using tools::Box;
-using tools::RayCaster;
+using standins::Box;
+using tools::modelcheck::RayCaster;
 
 namespace {
 
@@ -35,7 +35,8 @@ TEST(RayCaster, MeetsNothingBehindOrBesideTheRay)
 
 TEST(RayCaster, LooksAheadAmongTheTrianglesOfABlock)
 {
-    tools::ImportedMesh mesh; // two triangles that face along x, at x = 0 and, higher up, at x = 2
+    tools::modelcheck::ImportedMesh
+        mesh; // two triangles that face along x, at x = 0 and, higher up, at x = 2
     mesh.positions = {{0.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 1.0F},
                       {2.0F, 5.0F, 0.0F}, {2.0F, 6.0F, 0.0F}, {2.0F, 5.0F, 1.0F}};
     mesh.triangles = {{0, 1, 2}, {3, 4, 5}};

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-using tools::Box;
-using tools::ImportedMesh;
-using tools::Surface;
+using standins::Box;
+using tools::modelcheck::ImportedMesh;
+using tools::modelcheck::Surface;
 
 namespace {
 
@@ -34,7 +34,7 @@ TEST(Surface, CountsSlivers)
     };
     mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 24});
     mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 25});
-    const tools::Finding found = Surface(mesh).trianglesWithoutArea();
+    const tools::modelcheck::Finding found = Surface(mesh).trianglesWithoutArea();
     EXPECT_EQ(found.count, 1U);
     EXPECT_FLOAT_EQ(found.first.x, 2.0F);
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-using tools::ImportedMesh;
-using tools::uvOverlap;
+using tools::modelcheck::ImportedMesh;
+using tools::modelcheck::uvOverlap;
 
 namespace {
 

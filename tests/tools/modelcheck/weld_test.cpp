@@ -4,7 +4,7 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using tools::weld;
+using tools::modelcheck::weld;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/tools/run_tool.h"
+#include "tests/support/run_tool.h"
 
 #include <gmock/gmock.h>
 #include <string>

@@ -1,6 +1,6 @@
 #include "tools/showcheck/findings.h"
 
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -8,14 +8,14 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using tools::Check;
-using tools::Findings;
-using tools::Place;
+using tools::showcheck::Check;
+using tools::showcheck::Findings;
+using tools::showcheck::Place;
 
 namespace {
 
 /// A frame of 24 a second.
-Place frame(std::int64_t number, float scene = scene_numbers::toilet)
+Place frame(std::int64_t number, float scene = catalogue::scenes::toilet.number)
 {
     return {number, static_cast<double>(number) / 24.0, scene};
 }
@@ -69,8 +69,8 @@ TEST(Findings, TellWhatComesAgainOrInAnotherSceneAgain)
     Findings findings;
     findings.add(Check::Turn, frame(0), 31.0, 30.0);
     findings.add(Check::Turn, frame(2), 31.0, 30.0);
-    findings.add(Check::Turn, frame(3, scene_numbers::room), 31.0, 30.0);
-    findings.add(Check::Speed, frame(4, scene_numbers::room), 31.0, 30.0);
+    findings.add(Check::Turn, frame(3, catalogue::scenes::room.number), 31.0, 30.0);
+    findings.add(Check::Speed, frame(4, catalogue::scenes::room.number), 31.0, 30.0);
     EXPECT_THAT(findings.problems(), SizeIs(4));
 }
 

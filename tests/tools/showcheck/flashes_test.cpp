@@ -16,8 +16,8 @@ namespace {
 /// The badness of frames that are grey all over, of so many a second.
 std::vector<double> badnessOf(int frames, const std::function<int(int frame)>& grey, int fps = 24)
 {
-    const tools::VideoFormat format{{96, 54}, fps};
-    tools::FlashMeter meter(format);
+    const tools::video::VideoFormat format{{96, 54}, fps};
+    tools::showcheck::FlashMeter meter(format);
     for (int frame = 0; frame < frames; ++frame) {
         meter.add(
             std::vector<std::uint8_t>(std::size_t{96} * 54 * 3, static_cast<std::uint8_t>(grey(frame))));
@@ -51,7 +51,8 @@ TEST(Flashes, FadeWithinASecond)
 
 TEST(Flashes, MayBeACutBetweenAnyGreys)
 {
-    EXPECT_LT(worstOf(badnessOf(48, [](int frame) { return frame < 12 ? 40 : 220; })), tools::mostBadness);
+    EXPECT_LT(worstOf(badnessOf(48, [](int frame) { return frame < 12 ? 40 : 220; })),
+              tools::showcheck::mostBadness);
 }
 
 TEST(Flashes, MayNotBeThreeASecond)
@@ -59,13 +60,13 @@ TEST(Flashes, MayNotBeThreeASecond)
     const auto threeASecond = [](int frame) {
         return frame / 4 % 2 == 0 ? 100 : 155;
     };
-    EXPECT_GT(worstOf(badnessOf(72, threeASecond)), tools::mostBadness);
+    EXPECT_GT(worstOf(badnessOf(72, threeASecond)), tools::showcheck::mostBadness);
 }
 
 TEST(Flashes, MayNotBeOneOfBlackAndWhite)
 {
     EXPECT_GT(worstOf(badnessOf(72, [](int frame) { return frame < 24 || frame >= 36 ? 0 : 255; })),
-              tools::mostBadness);
+              tools::showcheck::mostBadness);
 }
 
 TEST(Flashes, AreAsBadAtAnyRateOfFrames)
@@ -81,18 +82,18 @@ TEST(Flashes, AreAsBadAtAnyRateOfFrames)
 
 TEST(Badness, IsReadForEachFrame)
 {
-    EXPECT_THAT(tools::readBadness("frame:0    pts:0       pts_time:0\n"
-                                   "lavfi.photosensitivity.badness=1.974121\n"
-                                   "lavfi.photosensitivity.fixed-badness=8.0\n"
-                                   "lavfi.photosensitivity.frame-badness=9.0\n"
-                                   "frame:1    pts:1       pts_time:0.0416667\n"
-                                   "lavfi.photosensitivity.badness=0.5\n"),
+    EXPECT_THAT(tools::showcheck::readBadness("frame:0    pts:0       pts_time:0\n"
+                                              "lavfi.photosensitivity.badness=1.974121\n"
+                                              "lavfi.photosensitivity.fixed-badness=8.0\n"
+                                              "lavfi.photosensitivity.frame-badness=9.0\n"
+                                              "frame:1    pts:1       pts_time:0.0416667\n"
+                                              "lavfi.photosensitivity.badness=0.5\n"),
                 ElementsAre(1.974121, 0.5));
 }
 
 TEST(FlashMeter, NamesFfmpegIfThatObjects)
 {
-    tools::FlashMeter meter({{0, 0}, 24});
+    tools::showcheck::FlashMeter meter({{0, 0}, 24});
     EXPECT_THROW(meter.finish(), tools::Error);
 }
 

@@ -42,7 +42,7 @@ const zund::DrawCommand post = drawOf(5, 3, false);
 
 TEST(FrameParts, KeepTextLayersBehindTheModels)
 {
-    const tools::FrameParts parts = tools::splitFrame(
+    const tools::showcheck::FrameParts parts = tools::showcheck::splitFrame(
         {clearOf(1), clearOf(2), backdrop, model, text, otherModel, clearOf(-1), post, post});
     EXPECT_THAT(arraysOf(parts.models), ElementsAre(-1, -1, 1, 2, 4));
     EXPECT_THAT(arraysOf(parts.rest), ElementsAre(3, -1, 5, 5));
@@ -50,15 +50,16 @@ TEST(FrameParts, KeepTextLayersBehindTheModels)
 
 TEST(FrameParts, HoldAllOfAFrameWithoutModels)
 {
-    const tools::FrameParts parts = tools::splitFrame({clearOf(1), backdrop, text, clearOf(-1), post});
+    const tools::showcheck::FrameParts parts =
+        tools::showcheck::splitFrame({clearOf(1), backdrop, text, clearOf(-1), post});
     EXPECT_THAT(arraysOf(parts.models), ElementsAre(-1, 1));
     EXPECT_THAT(arraysOf(parts.rest), ElementsAre(3, -1, 5));
 }
 
 TEST(FrameParts, AreNoneOfNothing)
 {
-    EXPECT_THAT(tools::splitFrame({}).models, IsEmpty());
-    EXPECT_THAT(tools::splitFrame({}).rest, IsEmpty());
+    EXPECT_THAT(tools::showcheck::splitFrame({}).models, IsEmpty());
+    EXPECT_THAT(tools::showcheck::splitFrame({}).rest, IsEmpty());
 }
 
 } // namespace

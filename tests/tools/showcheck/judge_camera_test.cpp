@@ -1,6 +1,6 @@
 #include "tools/showcheck/judge_camera.h"
 
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 
 #include <cmath>
 #include <functional>
@@ -10,9 +10,9 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using tools::CameraPose;
-using tools::CameraRow;
-using tools::Findings;
+using tools::showcheck::CameraPose;
+using tools::showcheck::CameraRow;
+using tools::showcheck::Findings;
 
 namespace {
 
@@ -37,7 +37,7 @@ CameraPose facing(double angle, double up = 0.0)
 
 /// The rows of a shot of the toilet, which its camera leads through.
 std::vector<CameraRow> shot(std::int32_t first, std::int32_t end, const Path& path,
-                            float scene = scene_numbers::toilet)
+                            float scene = catalogue::scenes::toilet.number)
 {
     std::vector<CameraRow> rows;
     for (std::int32_t row = first; row < end; ++row) {
@@ -55,7 +55,7 @@ std::vector<CameraRow> operator+(std::vector<CameraRow> a, const std::vector<Cam
 std::vector<std::string> problemsOf(const std::vector<CameraRow>& rows)
 {
     Findings findings;
-    tools::judgeCamera(rows, findings);
+    tools::showcheck::judgeCamera(rows, findings);
     return findings.problems();
 }
 
@@ -74,8 +74,9 @@ TEST(Camera, HasASpeedForEachScene)
     const Path path = [](double row) {
         return at(0.82 * row / rowsPerSecond);
     };
-    EXPECT_THAT(problemsOf(shot(0, 64, path, scene_numbers::people)), IsEmpty());
-    EXPECT_THAT(problemsOf(shot(0, 64, path, scene_numbers::credits)), IsEmpty()); // without a camera
+    EXPECT_THAT(problemsOf(shot(0, 64, path, catalogue::scenes::people.number)), IsEmpty());
+    EXPECT_THAT(problemsOf(shot(0, 64, path, catalogue::scenes::credits.number)),
+                IsEmpty()); // without a camera
 }
 
 TEST(Camera, MayTurnUpToItsLimit)
@@ -159,7 +160,7 @@ TEST(Cut, MayNotFallBesideTheBeat)
     };
     EXPECT_THAT(problemsOf(shot(0, 69, here) + shot(69, 80, [](double) { return at(1.0); })),
                 ElementsAre("1:0:5 (2.02 s), toilet: a cut falls 5 rows behind the beat"));
-    EXPECT_THAT(problemsOf(shot(0, 79, here) + shot(79, 80, here, scene_numbers::credits)),
+    EXPECT_THAT(problemsOf(shot(0, 79, here) + shot(79, 80, here, catalogue::scenes::credits.number)),
                 ElementsAre("1:0:15 (2.31 s), credits: a cut falls 15 rows behind the beat"));
 }
 
@@ -182,9 +183,9 @@ TEST(Cut, MayNotSlideFromShotToShot)
     const Path slide = [](double row) {
         return at(row <= 63.0 ? 0.0 : 2.0 * (row - 63.0));
     };
-    const std::vector<std::string> problems =
-        problemsOf(shot(0, 64, slide) + shot(
-                                            64, 128, [](double) { return at(2.0); }, scene_numbers::room));
+    const std::vector<std::string> problems = problemsOf(
+        shot(0, 64, slide) + shot(
+                                 64, 128, [](double) { return at(2.0); }, catalogue::scenes::room.number));
     EXPECT_THAT(problems,
                 testing::Contains("0:3:15 (1.85 s), toilet: the camera slides 20.00 jumps to another "
                                   "place within a row, where it should cut"));

@@ -1,21 +1,22 @@
 #include "tools/showcheck/near_plane_probe.h"
 
-#include "tools/capture/hidden_window.h"
-#include "tools/capture/stage.h"
-#include "tools/capture/stage_folder.h"
-#include "tools/capture/values.h"
 #include "tools/common/quiet_output.h"
+#include "tools/stage/hidden_window.h"
+#include "tools/stage/stage.h"
+#include "tools/stage/stage_folder.h"
+#include "tools/stage/values.h"
+#include "tools/timeline/show_row.h"
 
 #include <algorithm>
 #include <glm/vec3.hpp>
 #include <gmock/gmock.h>
 #include <string>
 
-using tools::Overrides;
+using tools::stage::Overrides;
 
 namespace {
 
-constexpr tools::Size size = {192, 108};
+constexpr tools::picture::Size size = {192, 108};
 
 /// A scene as its camera sees it; among the people the eye is angle, height and radius.
 struct Moment {
@@ -49,17 +50,17 @@ Overrides tracksOf(const Moment& moment)
 class NearPlaneProbe : public testing::TestWithParam<Moment> {
 protected:
     tools::QuietOutput quiet;
-    tools::StageFolder folder{SHOW_ASSETS, tracksOf(GetParam())};
-    tools::HiddenWindow window{size};
-    tools::NearPlaneProbe probe{window.renderer(), size};
+    tools::stage::StageFolder folder{SHOW_ASSETS, tracksOf(GetParam())};
+    tools::stage::HiddenWindow window{size};
+    tools::showcheck::NearPlaneProbe probe{window.renderer(), size};
 };
 
 TEST_P(NearPlaneProbe, SeesWhatIsCutAndLeavesThePictureAlone)
 {
-    tools::Stage probed(window, probe, "assets");
-    tools::Stage plain(window, "assets");
-    const double time = tools::timeOfRow(5312);
-    const tools::RgbImage picture = probed.draw(GetParam().scene, time);
+    tools::stage::Stage probed(window, probe, "assets");
+    tools::stage::Stage plain(window, "assets");
+    const double time = tools::timeline::timeOfRow(5312);
+    const tools::picture::RgbImage picture = probed.draw(GetParam().scene, time);
     const auto depths = probe.depths();
     EXPECT_EQ(std::find(depths.begin(), depths.end(), 0) != depths.end(), GetParam().isCut);
     EXPECT_TRUE(picture.pixels == plain.draw(GetParam().scene, time).pixels);

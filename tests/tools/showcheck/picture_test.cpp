@@ -1,6 +1,6 @@
 #include "tools/showcheck/picture.h"
 
-#include "scenes/scene_numbers.h"
+#include "scenes/catalogue.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -8,13 +8,13 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using tools::Findings;
-using tools::Size;
+using tools::picture::Size;
+using tools::showcheck::Findings;
 
 namespace {
 
 constexpr Size size = {192, 108}; // with bars of 13.5 rows
-constexpr tools::Place place = {0, 0.0, scene_numbers::room};
+constexpr tools::showcheck::Place place = {0, 0.0, catalogue::scenes::room.number};
 
 /// A picture with black bars and otherwise a grey for each place.
 std::vector<std::uint8_t> picture(const std::function<int(std::uint32_t x, std::uint32_t y)>& grey)
@@ -29,31 +29,31 @@ std::vector<std::uint8_t> picture(const std::function<int(std::uint32_t x, std::
     return pixels;
 }
 
-tools::PictureStatistics measure(const std::function<int(std::uint32_t x, std::uint32_t y)>& grey)
+tools::showcheck::PictureStatistics measure(const std::function<int(std::uint32_t x, std::uint32_t y)>& grey)
 {
-    return tools::measurePicture(size, picture(grey));
+    return tools::showcheck::measurePicture(size, picture(grey));
 }
 
-std::vector<std::string> problemsOf(const tools::PictureStatistics& statistics)
+std::vector<std::string> problemsOf(const tools::showcheck::PictureStatistics& statistics)
 {
     Findings findings;
-    tools::judgePicture(statistics, place, findings);
+    tools::showcheck::judgePicture(statistics, place, findings);
     return findings.problems();
 }
 
 TEST(SeenRows, LieBetweenTheBars)
 {
-    EXPECT_EQ(tools::seenRows({1920, 1080}).first, 135U);
-    EXPECT_EQ(tools::seenRows({1920, 1080}).end, 945U);
-    EXPECT_EQ(tools::seenRows(size).first, 13U);
-    EXPECT_EQ(tools::seenRows(size).end, 95U);
-    EXPECT_EQ(tools::seenRows({640, 270}).first, 0U);
-    EXPECT_EQ(tools::seenRows({640, 200}).end, 200U);
+    EXPECT_EQ(tools::showcheck::seenRows({1920, 1080}).first, 135U);
+    EXPECT_EQ(tools::showcheck::seenRows({1920, 1080}).end, 945U);
+    EXPECT_EQ(tools::showcheck::seenRows(size).first, 13U);
+    EXPECT_EQ(tools::showcheck::seenRows(size).end, 95U);
+    EXPECT_EQ(tools::showcheck::seenRows({640, 270}).first, 0U);
+    EXPECT_EQ(tools::showcheck::seenRows({640, 200}).end, 200U);
 }
 
 TEST(PictureStatistics, LeaveTheBarsOut)
 {
-    const tools::PictureStatistics found = measure([](auto, auto) { return 200; });
+    const tools::showcheck::PictureStatistics found = measure([](auto, auto) { return 200; });
     EXPECT_DOUBLE_EQ(found.mean, 200.0);
     EXPECT_EQ(found.black, 0.0);
     EXPECT_NEAR(found.deviation, 0.0, 1e-6);
@@ -62,7 +62,7 @@ TEST(PictureStatistics, LeaveTheBarsOut)
 
 TEST(PictureStatistics, MeasureHalves)
 {
-    const tools::PictureStatistics found = measure([](auto x, auto) { return x < 96 ? 0 : 100; });
+    const tools::showcheck::PictureStatistics found = measure([](auto x, auto) { return x < 96 ? 0 : 100; });
     EXPECT_DOUBLE_EQ(found.mean, 50.0);
     EXPECT_DOUBLE_EQ(found.black, 0.5);
     EXPECT_DOUBLE_EQ(found.deviation, 50.0);
@@ -75,7 +75,7 @@ TEST(PictureStatistics, WeighColoursAsEyesDo)
     for (std::uint32_t i = 0; i < size.width * size.height; ++i) {
         pixels.insert(pixels.end(), {0, 255, 0});
     }
-    EXPECT_DOUBLE_EQ(tools::measurePicture(size, pixels).mean, 182.0); // 255 * 183 / 256
+    EXPECT_DOUBLE_EQ(tools::showcheck::measurePicture(size, pixels).mean, 182.0); // 255 * 183 / 256
 }
 
 TEST(PictureStatistics, TakeNeighbouringLuminancesForOneTone)
@@ -121,7 +121,7 @@ TEST(Picture, FailsAsTheClearedFrameOfNoScene)
 }
 
 /// What is cut open of a frame with some depths of 0.
-tools::NearPlaneCut cutOf(const std::function<bool(std::uint32_t x, std::uint32_t y)>& isCut)
+tools::showcheck::NearPlaneCut cutOf(const std::function<bool(std::uint32_t x, std::uint32_t y)>& isCut)
 {
     std::vector<std::uint16_t> depths;
     for (std::uint32_t y = 0; y < size.height; ++y) {
@@ -129,13 +129,13 @@ tools::NearPlaneCut cutOf(const std::function<bool(std::uint32_t x, std::uint32_
             depths.push_back(isCut(x, y) ? 0 : 1);
         }
     }
-    return tools::measureNearPlane(size, depths);
+    return tools::showcheck::measureNearPlane(size, depths);
 }
 
-std::vector<std::string> problemsOf(const tools::NearPlaneCut& cut)
+std::vector<std::string> problemsOf(const tools::showcheck::NearPlaneCut& cut)
 {
     Findings findings;
-    tools::judgeNearPlane(cut, place, findings);
+    tools::showcheck::judgeNearPlane(cut, place, findings);
     return findings.problems();
 }
 

@@ -1,6 +1,6 @@
-#include "tests/tools/in_temporary_folder.h"
-#include "tests/tools/run_tool.h"
-#include "tools/trackc/track_file.h"
+#include "tests/support/in_temporary_folder.h"
+#include "tests/support/run_tool.h"
+#include "tools/timeline/track_file.h"
 
 #include <gmock/gmock.h>
 
@@ -34,7 +34,7 @@ protected:
 
     static void writeTrack(const std::string& name, const std::vector<sync_key>& keys)
     {
-        write("assets/sync_" + name + ".track", tools::encodeTrack(keys));
+        write("assets/sync_" + name + ".track", tools::timeline::encodeTrack(keys));
     }
 
     static ToolResult showcheck(const std::string& arguments = "")

@@ -8,10 +8,10 @@
 #include <gmock/gmock.h>
 
 using testing::ThrowsMessage;
-using tools::Cancelled;
-using tools::CancelSignals;
-using tools::ChildProcess;
 using tools::Error;
+using tools::video::Cancelled;
+using tools::video::CancelSignals;
+using tools::video::ChildProcess;
 
 namespace {
 
@@ -20,7 +20,7 @@ const std::vector<std::uint8_t> bytes(1 << 22, 'x');
 TEST(ChildProcess, LeavesItsStatusAndAllThatItSaid)
 {
     const ChildProcess::Result result =
-        tools::runProgram({"sh", "-c", "echo good; echo 'b a d' >&2; exit 3"});
+        tools::video::runProgram({"sh", "-c", "echo good; echo 'b a d' >&2; exit 3"});
     EXPECT_EQ(result.status, 3);
     EXPECT_EQ(result.output, "good\n");
     EXPECT_EQ(result.errors, "b a d\n");
@@ -28,7 +28,7 @@ TEST(ChildProcess, LeavesItsStatusAndAllThatItSaid)
 
 TEST(ChildProcess, TakesArgumentsAsTheyAre)
 {
-    EXPECT_EQ(tools::runProgram({"printf", "%s|", "a b", "'", "$x", ""}).output, "a b|'|$x||");
+    EXPECT_EQ(tools::video::runProgram({"printf", "%s|", "a b", "'", "$x", ""}).output, "a b|'|$x||");
 }
 
 TEST(ChildProcess, ReadsWhatIsWritten)
@@ -41,7 +41,7 @@ TEST(ChildProcess, ReadsWhatIsWritten)
 
 TEST(ChildProcess, ReadsNothingWithoutAPipe)
 {
-    EXPECT_EQ(tools::runProgram({"wc", "-c"}).output, "0\n");
+    EXPECT_EQ(tools::video::runProgram({"wc", "-c"}).output, "0\n");
 }
 
 TEST(ChildProcess, SaysWhenItReadsNoMore)
@@ -53,13 +53,13 @@ TEST(ChildProcess, SaysWhenItReadsNoMore)
 
 TEST(ChildProcess, IsRefusedWhereThereIsNoSuchProgram)
 {
-    EXPECT_THAT([] { tools::runProgram({"no-such-program"}); },
+    EXPECT_THAT([] { tools::video::runProgram({"no-such-program"}); },
                 ThrowsMessage<Error>("no-such-program: cannot run: No such file or directory"));
 }
 
 TEST(ChildProcess, TellsTheSignalThatEndedIt)
 {
-    EXPECT_EQ(tools::runProgram({"sh", "-c", "kill -9 $$"}).status, 128 + 9);
+    EXPECT_EQ(tools::video::runProgram({"sh", "-c", "kill -9 $$"}).status, 128 + 9);
 }
 
 TEST(ChildProcess, EndsWithItsOwner)
@@ -78,17 +78,17 @@ TEST(ChildProcess, GivesUpWhenASignalAsksForIt)
         EXPECT_NO_THROW(CancelSignals::check());
         std::raise(signal);
         EXPECT_THROW(CancelSignals::check(), Cancelled);
-        EXPECT_THROW(tools::runProgram({"sleep", "60"}), Cancelled);
+        EXPECT_THROW(tools::video::runProgram({"sleep", "60"}), Cancelled);
     }
 }
 
 TEST(LastLine, IsTheLastThatSaysSomething)
 {
-    EXPECT_EQ(tools::lastLine("one\ntwo\n\n"), "two");
-    EXPECT_EQ(tools::lastLine("one"), "one");
-    EXPECT_EQ(tools::lastLine("one\rtwo \r\n"), "two");
-    EXPECT_EQ(tools::lastLine(" \n"), "it said nothing");
-    EXPECT_EQ(tools::lastLine(""), "it said nothing");
+    EXPECT_EQ(tools::video::lastLine("one\ntwo\n\n"), "two");
+    EXPECT_EQ(tools::video::lastLine("one"), "one");
+    EXPECT_EQ(tools::video::lastLine("one\rtwo \r\n"), "two");
+    EXPECT_EQ(tools::video::lastLine(" \n"), "it said nothing");
+    EXPECT_EQ(tools::video::lastLine(""), "it said nothing");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "tests/tools/video/decoded.h"
 
-#include "tests/tools/run_tool.h"
+#include "tests/support/run_tool.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,8 +19,8 @@ std::string outputOf(const std::string& commandLine)
 
 } // namespace
 
-std::vector<tools::RgbImage> decodeFrames(const std::string& file, tools::Size size, int fps,
-                                          const std::string& options)
+std::vector<tools::picture::RgbImage> decodeFrames(const std::string& file, tools::picture::Size size,
+                                                   int fps, const std::string& options)
 {
     const std::string bytes =
         outputOf(fmt::format("ffmpeg -v error -nostdin -i {} -map 0:v {} -fps_mode cfr -r {} -f rawvideo "
@@ -28,7 +28,7 @@ std::vector<tools::RgbImage> decodeFrames(const std::string& file, tools::Size s
                              file, options, fps));
     const std::size_t length = std::size_t{3} * size.width * size.height;
     EXPECT_EQ(bytes.size() % length, 0U);
-    std::vector<tools::RgbImage> frames;
+    std::vector<tools::picture::RgbImage> frames;
     for (std::size_t at = 0; at + length <= bytes.size(); at += length) {
         frames.push_back({size,
                           {bytes.begin() + static_cast<std::ptrdiff_t>(at),
@@ -54,7 +54,7 @@ std::int64_t loudestSample(const std::vector<std::int16_t>& samples)
     return found - samples.begin();
 }
 
-double meanDifference(const tools::RgbImage& left, const tools::RgbImage& right)
+double meanDifference(const tools::picture::RgbImage& left, const tools::picture::RgbImage& right)
 {
     EXPECT_EQ(left.pixels.size(), right.pixels.size());
     double sum = 0.0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/packer/rgb_image.h"
+#include "tools/picture/rgb_image.h"
 
 #include <cstdint>
 #include <string>
@@ -8,8 +8,8 @@
 
 /// The frames of a video as a player shows them: at their times, so that one that came late would leave the
 /// one before it standing in its place. `options` go before what ffmpeg is to write.
-std::vector<tools::RgbImage> decodeFrames(const std::string& file, tools::Size size, int fps,
-                                          const std::string& options = "");
+std::vector<tools::picture::RgbImage> decodeFrames(const std::string& file, tools::picture::Size size,
+                                                   int fps, const std::string& options = "");
 
 /// The left channel of its sound, at 44100 samples a second from the picture's start on, with silence where
 /// there is none yet.
@@ -19,7 +19,7 @@ std::vector<std::int16_t> decodeSound(const std::string& file);
 std::int64_t loudestSample(const std::vector<std::int16_t>& samples);
 
 /// The mean difference of the channels of two pictures, in levels of 255.
-double meanDifference(const tools::RgbImage& left, const tools::RgbImage& right);
+double meanDifference(const tools::picture::RgbImage& left, const tools::picture::RgbImage& right);
 
 /// Writes an Ogg file of silence, `seconds` long, with a click at each of these samples.
 void writeClicks(const std::string& file, double seconds, const std::vector<int>& samples);

@@ -1,6 +1,6 @@
 #include "tools/video/join.h"
 
-#include "tests/tools/in_temporary_folder.h"
+#include "tests/support/in_temporary_folder.h"
 #include "tests/tools/video/decoded.h"
 #include "tools/common/error.h"
 #include "tools/video/video_encoder.h"
@@ -11,11 +11,11 @@
 
 using testing::ThrowsMessage;
 using tools::Error;
-using tools::FrameRange;
-using tools::RgbImage;
-using tools::VideoFormat;
-using tools::VideoPart;
-using tools::VideoTag;
+using tools::picture::RgbImage;
+using tools::video::FrameRange;
+using tools::video::VideoFormat;
+using tools::video::VideoPart;
+using tools::video::VideoTag;
 
 namespace {
 
@@ -32,7 +32,8 @@ VideoPart part(const char* file, FrameRange frames)
 
 TEST(Parts, AreTakenInAnyOrder)
 {
-    const auto parts = tools::fitTogether({part("c", {30, 40}), part("a", {10, 20}), part("b", {20, 30})});
+    const auto parts =
+        tools::video::fitTogether({part("c", {30, 40}), part("a", {10, 20}), part("b", {20, 30})});
     ASSERT_EQ(parts.size(), 3U);
     EXPECT_EQ(parts[0].file, "a");
     EXPECT_EQ(parts[1].file, "b");
@@ -68,7 +69,7 @@ TEST_P(BadPartsOf, AVideoAreRefusedWithFileAndReason)
 {
     std::vector<VideoPart> parts = {part("a", {10, 20}), part("b", {20, 30}), part("c", {30, 40})};
     GetParam().change(parts);
-    EXPECT_THAT([&] { tools::fitTogether(parts); }, ThrowsMessage<Error>(GetParam().sentence));
+    EXPECT_THAT([&] { tools::video::fitTogether(parts); }, ThrowsMessage<Error>(GetParam().sentence));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BadPartsOf, testing::ValuesIn(badParts),
@@ -80,7 +81,7 @@ protected:
     static void encode(const std::string& file, FrameRange frames, FrameRange whole, std::int64_t white)
     {
         const VideoTag tag{format, frames, whole, "0123456789abcdef", "0123456789abcdef"};
-        tools::VideoEncoder encoder(format, file, tools::writeTag(tag));
+        tools::video::VideoEncoder encoder(format, file, tools::video::writeTag(tag));
         for (std::int64_t i = frames.first; i < frames.end; ++i) {
             std::vector<std::uint8_t>& pixels = encoder.frame();
             std::fill(pixels.begin(), pixels.end(), i == white ? 255 : 0);
@@ -106,7 +107,7 @@ protected:
 TEST_F(Join, ReadsPartsBack)
 {
     encode("a.mp4", {10, 20}, {10, 40}, -1);
-    const VideoPart found = tools::readPart("a.mp4");
+    const VideoPart found = tools::video::readPart("a.mp4");
     EXPECT_EQ(found.tag.frames, (FrameRange{10, 20}));
     EXPECT_EQ(found.tag.whole, (FrameRange{10, 40}));
     EXPECT_EQ(found.tag.format, format);
@@ -114,27 +115,28 @@ TEST_F(Join, ReadsPartsBack)
 
 TEST_F(Join, RefusesWhatIsNoPart)
 {
-    EXPECT_THAT([] { tools::readPart("none.mp4"); }, ThrowsMessage<Error>("none.mp4: there is no such file"));
+    EXPECT_THAT([] { tools::video::readPart("none.mp4"); },
+                ThrowsMessage<Error>("none.mp4: there is no such file"));
     write("text.mp4", "text");
     EXPECT_THAT(
-        [] { tools::readPart("text.mp4"); },
+        [] { tools::video::readPart("text.mp4"); },
         ThrowsMessage<Error>("text.mp4: no video: file:text.mp4: Invalid data found when processing input"));
     {
-        tools::VideoEncoder encoder(format, "other.mp4", "holiday");
+        tools::video::VideoEncoder encoder(format, "other.mp4", "holiday");
         encoder.frame();
         encoder.send();
         encoder.finish();
     }
-    EXPECT_THAT([] { tools::readPart("other.mp4"); },
+    EXPECT_THAT([] { tools::video::readPart("other.mp4"); },
                 ThrowsMessage<Error>("other.mp4: is no part of a video; capture video --range makes them"));
     {
         const VideoTag tag{format, {0, 2}, {0, 2}, "0123456789abcdef", "0123456789abcdef"};
-        tools::VideoEncoder encoder(format, "short.mp4", tools::writeTag(tag));
+        tools::video::VideoEncoder encoder(format, "short.mp4", tools::video::writeTag(tag));
         encoder.frame();
         encoder.send();
         encoder.finish();
     }
-    EXPECT_THAT([] { tools::readPart("short.mp4"); },
+    EXPECT_THAT([] { tools::video::readPart("short.mp4"); },
                 ThrowsMessage<Error>("short.mp4: holds 1 frames, expected 2"));
 }
 
@@ -144,7 +146,7 @@ TEST_F(Join, RefusesAPartCutOffAnywhere)
     const std::string whole = read("a.mp4");
     for (std::size_t length = 0; length < whole.size(); length += whole.size() / 6) {
         write("cut.mp4", whole.substr(0, length));
-        EXPECT_THROW(tools::readPart("cut.mp4"), Error) << length;
+        EXPECT_THROW(tools::video::readPart("cut.mp4"), Error) << length;
     }
 }
 
@@ -154,8 +156,8 @@ TEST_F(Join, KeepsEachFrameAndItsTime)
         encode("it's a.mp4", {0, 7}, {0, 30}, white);
         encode("b.mp4", {7, 23}, {0, 30}, white);
         encode("c.mp4", {23, 30}, {0, 30}, white);
-        tools::joinFiles({"it's a.mp4", "b.mp4", "c.mp4"}, {}, 24, "", "all.mp4");
-        tools::checkVideo(tools::probe("all.mp4"), "all.mp4", format, 30, false);
+        tools::video::joinFiles({"it's a.mp4", "b.mp4", "c.mp4"}, {}, 24, "", "all.mp4");
+        tools::video::checkVideo(tools::video::probe("all.mp4"), "all.mp4", format, 30, false);
         EXPECT_EQ(whiteFrame(decodeFrames("all.mp4", format.size, format.fps)), white);
     }
 }
@@ -168,10 +170,10 @@ TEST_F(Join, LetsPictureAndSoundStartTogether)
         const FrameRange frames{first, first + 31};
         encode("a.mp4", {first, first + 16}, frames, 12);
         encode("b.mp4", {first + 16, first + 31}, frames, 12);
-        tools::joinFiles({"a.mp4", "b.mp4"}, tools::musicOf("music.ogg", frames, format.fps), 24, "",
-                         "all.mp4");
-        const tools::Probe found = tools::probe("all.mp4");
-        tools::checkVideo(found, "all.mp4", format, 31, true);
+        tools::video::joinFiles({"a.mp4", "b.mp4"}, tools::video::musicOf("music.ogg", frames, format.fps),
+                                24, "", "all.mp4");
+        const tools::video::Probe found = tools::video::probe("all.mp4");
+        tools::video::checkVideo(found, "all.mp4", format, 31, true);
 
         EXPECT_EQ(whiteFrame(decodeFrames("all.mp4", format.size, format.fps)), 12 - first);
         const std::vector<std::int16_t> sound = decodeSound("all.mp4");
@@ -184,17 +186,18 @@ TEST_F(Join, FillsUpWithSilenceBehindTheMusic)
 {
     writeClicks("music.ogg", 0.3, {4410});
     encode("a.mp4", {0, 30}, {0, 30}, 2);
-    tools::joinFiles({"a.mp4"}, tools::musicOf("music.ogg", {0, 30}, format.fps), 24, "", "all.mp4");
-    tools::checkVideo(tools::probe("all.mp4"), "all.mp4", format, 30, true);
+    tools::video::joinFiles({"a.mp4"}, tools::video::musicOf("music.ogg", {0, 30}, format.fps), 24, "",
+                            "all.mp4");
+    tools::video::checkVideo(tools::video::probe("all.mp4"), "all.mp4", format, 30, true);
     EXPECT_NEAR(static_cast<double>(loudestSample(decodeSound("all.mp4"))), 4410.0, 2.0);
 }
 
 TEST_F(Join, LeavesNothingBesideItsFile)
 {
     encode("a.mp4", {0, 3}, {0, 3}, -1);
-    tools::joinFiles({"a.mp4"}, {}, 24, "", "all.mp4");
+    tools::video::joinFiles({"a.mp4"}, {}, 24, "", "all.mp4");
     EXPECT_THAT(namesIn("."), testing::ElementsAre("a.mp4", "all.mp4"));
-    EXPECT_THAT([] { tools::joinFiles({"a.mp4"}, {}, 24, "", "none/all.mp4"); },
+    EXPECT_THAT([] { tools::video::joinFiles({"a.mp4"}, {}, 24, "", "none/all.mp4"); },
                 ThrowsMessage<Error>("none/all.mp4.txt: cannot write: No such file or directory"));
 }
 

@@ -1,6 +1,6 @@
 #include "tools/video/video_encoder.h"
 
-#include "tests/tools/in_temporary_folder.h"
+#include "tests/support/in_temporary_folder.h"
 #include "tests/tools/video/decoded.h"
 #include "tools/common/error.h"
 #include "tools/video/cancel_signals.h"
@@ -11,10 +11,10 @@
 
 using testing::ThrowsMessage;
 using tools::Error;
-using tools::RgbImage;
-using tools::Size;
-using tools::VideoEncoder;
-using tools::VideoFormat;
+using tools::picture::RgbImage;
+using tools::picture::Size;
+using tools::video::VideoEncoder;
+using tools::video::VideoFormat;
 
 namespace {
 
@@ -97,7 +97,7 @@ TEST_F(VideoEncoders, BringColoursBackWithinTwoLevels)
 TEST_F(VideoEncoders, SayWhatTheColoursAre)
 {
     encode({barsSize, 24}, 1, [](int, std::uint32_t x, std::uint32_t) { return colours[x / barWidth]; });
-    EXPECT_EQ(tools::probe("v.mp4").picture.colours, "tv bt709 bt709 bt709");
+    EXPECT_EQ(tools::video::probe("v.mp4").picture.colours, "tv bt709 bt709 bt709");
 }
 
 TEST_F(VideoEncoders, PutEachFrameAtItsTime)
@@ -110,8 +110,8 @@ TEST_F(VideoEncoders, PutEachFrameAtItsTime)
         encode(format, 30, [&](int i, std::uint32_t, std::uint32_t) {
             return Colour{brightness(i), brightness(i), brightness(i)};
         });
-        const tools::Probe found = tools::probe("v.mp4");
-        EXPECT_NO_THROW(tools::checkVideo(found, "v.mp4", format, 30, false));
+        const tools::video::Probe found = tools::video::probe("v.mp4");
+        EXPECT_NO_THROW(tools::video::checkVideo(found, "v.mp4", format, 30, false));
         const std::vector<RgbImage> frames = decodeFrames("v.mp4", format.size, fps);
         ASSERT_EQ(frames.size(), 30U) << fps;
         for (int i = 0; i < 30; ++i) {
@@ -135,7 +135,7 @@ TEST_F(VideoEncoders, TakeRowsFromTheBottom)
 TEST_F(VideoEncoders, KeepTheComment)
 {
     encode({{32, 18}, 24}, 1, [](int, std::uint32_t, std::uint32_t) { return Colour{9, 9, 9}; });
-    EXPECT_EQ(tools::probe("v.mp4").comment, "a comment");
+    EXPECT_EQ(tools::video::probe("v.mp4").comment, "a comment");
 }
 
 TEST_F(VideoEncoders, PassOnWhatFfmpegObjectsTo)
@@ -159,7 +159,7 @@ TEST_F(VideoEncoders, EndWithoutAFileThatCouldBeTakenForWhole)
         encoder.frame();
         encoder.send();
     }
-    EXPECT_THROW(tools::probe("v.mp4"), Error);
+    EXPECT_THROW(tools::video::probe("v.mp4"), Error);
 }
 
 struct BadVideo {
@@ -183,30 +183,30 @@ constexpr BadVideo badVideos[] = {
 TEST_F(VideoEncoders, AreCheckedForEachFault)
 {
     encode({{32, 18}, 24}, 3, [](int, std::uint32_t, std::uint32_t) { return Colour{9, 9, 9}; });
-    const tools::Probe found = tools::probe("v.mp4");
-    EXPECT_NO_THROW(tools::checkVideo(found, "v.mp4", {{32, 18}, 24}, 3, false));
+    const tools::video::Probe found = tools::video::probe("v.mp4");
+    EXPECT_NO_THROW(tools::video::checkVideo(found, "v.mp4", {{32, 18}, 24}, 3, false));
     for (const BadVideo& bad : badVideos) {
-        EXPECT_THAT([&] { tools::checkVideo(found, "v.mp4", bad.format, bad.frames, bad.sound); },
+        EXPECT_THAT([&] { tools::video::checkVideo(found, "v.mp4", bad.format, bad.frames, bad.sound); },
                     ThrowsMessage<Error>(bad.sentence))
             << bad.name;
     }
-    tools::Probe late = found;
-    late.sound = tools::Probe::Sound{0.023, 0.125};
+    tools::video::Probe late = found;
+    late.sound = tools::video::Probe::Sound{0.023, 0.125};
     EXPECT_THAT(
         [&] {
-            tools::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
+            tools::video::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
         },
         ThrowsMessage<Error>("v.mp4: its sound starts at 0.023 seconds, its picture at 0"));
-    late.sound = tools::Probe::Sound{0.0, 0.148};
+    late.sound = tools::video::Probe::Sound{0.0, 0.148};
     EXPECT_THAT(
         [&] {
-            tools::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
+            tools::video::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
         },
         ThrowsMessage<Error>("v.mp4: its sound takes 0.148 seconds, its picture 0.125"));
     late.picture.colours = "pc bt709 bt709 bt709";
     EXPECT_THAT(
         [&] {
-            tools::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
+            tools::video::checkVideo(late, "v.mp4", {{32, 18}, 24}, 3, true);
         },
         ThrowsMessage<Error>("v.mp4: its colours are tagged 'pc bt709 bt709 bt709', expected BT.709"));
 }
@@ -216,10 +216,10 @@ TEST(Ffmpeg, IsAskedForByNameWhereItIsMissing)
     const char* const path = std::getenv("PATH");
     const std::string before = path == nullptr ? "" : path;
     setenv("PATH", "/nowhere", 1);
-    EXPECT_THAT([] { tools::checkFfmpeg(); },
+    EXPECT_THAT([] { tools::video::checkFfmpeg(); },
                 ThrowsMessage<Error>("ffmpeg: is not installed; on Debian 'apt install ffmpeg' does that"));
     setenv("PATH", before.c_str(), 1);
-    EXPECT_NO_THROW(tools::checkFfmpeg());
+    EXPECT_NO_THROW(tools::video::checkFfmpeg());
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-using tools::Fingerprint;
-using tools::VideoTag;
+using tools::video::Fingerprint;
+using tools::video::VideoTag;
 
 namespace {
 
@@ -13,24 +13,25 @@ constexpr const char* text = "vesperal: frames 600 to 1199 of 0 to 10912, 60 a s
 
 TEST(VideoTag, IsASentence)
 {
-    EXPECT_EQ(tools::writeTag(tag), text);
+    EXPECT_EQ(tools::video::writeTag(tag), text);
 }
 
 TEST(VideoTag, IsReadBack)
 {
-    EXPECT_EQ(tools::readTag(text), tag);
+    EXPECT_EQ(tools::video::readTag(text), tag);
 }
 
 TEST(VideoTag, IsNothingElse)
 {
     const std::string whole = text;
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        EXPECT_EQ(tools::readTag(whole.substr(0, length)), std::nullopt) << length;
+        EXPECT_EQ(tools::video::readTag(whole.substr(0, length)), std::nullopt) << length;
     }
-    EXPECT_EQ(tools::readTag(whole + "0"), std::nullopt);
-    EXPECT_EQ(tools::readTag("vesperal: frames 99999999999999999999 to 1199 of 0 to 10912, 60 a second, "
-                             "1920x1080, assets 0123456789abcdef, program fedcba9876543210"),
-              std::nullopt);
+    EXPECT_EQ(tools::video::readTag(whole + "0"), std::nullopt);
+    EXPECT_EQ(
+        tools::video::readTag("vesperal: frames 99999999999999999999 to 1199 of 0 to 10912, 60 a second, "
+                              "1920x1080, assets 0123456789abcdef, program fedcba9876543210"),
+        std::nullopt);
 }
 
 TEST(Fingerprint, TellsTextsAndTheirBordersApart)
