@@ -8,7 +8,7 @@ namespace zund {
 /// What the GL layer throws. `what()` gives the message.
 class Exception : public std::runtime_error {
 public:
-    explicit Exception(const std::string& message) : std::runtime_error(message) {}
+    Exception(const std::string& message) : std::runtime_error(message) {}
 };
 
 } // namespace zund

@@ -27,7 +27,7 @@ public:
     /// Throws `std::system_error` "Failed to open packfile", "failed to stat packfile", "failed to mmap
     /// packfile"; `std::runtime_error` "packfile is empty", "invalid packfile", "failed to read chunk,
     /// unexpected end of data", "failed to read name".
-    explicit Packfile(const std::string& path);
+    Packfile(const std::string& path);
     ~Packfile();
 
     Packfile(const Packfile&) = delete;

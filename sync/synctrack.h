@@ -9,7 +9,7 @@ namespace tolv {
 class SyncTrack {
 public:
     SyncTrack() = default;
-    explicit SyncTrack(const sync_track* track);
+    SyncTrack(const sync_track* track);
 
     const sync_track* get() const;
 
