@@ -1,6 +1,6 @@
 # embed_shaders(TARGET FOLDER FILE...): holds the GLSL files of FOLDER in TARGET as text.
 #
-# Each FILE `name.frag` or `name.vert` becomes `inline constexpr char name_frag[]` in the generated header
+# Each FILE `name.frag` or `name.vert` becomes `inline constexpr char embedded::name_frag[]` in the generated header
 # "FOLDER/name_frag.h", which the target's own sources include.
 function(embed_shaders target folder)
   foreach(file IN LISTS ARGN)

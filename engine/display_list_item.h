@@ -11,7 +11,9 @@ namespace lumeth {
 ///
 /// Position, orientation and scale live in `localMatrix` alone: a point is turned, then scaled along the
 /// parent's axes, then moved. The setters take that matrix apart and build it anew, at the price of some
-/// rounding; they need a scale that is not zero on any axis.
+/// rounding; they need a scale above 0.005 on every axis: where the matrix's determinant is nearly zero it
+/// can't be taken apart, and position, orientation and scale are silently those of an item that was never
+/// placed.
 struct DisplayListItem {
     /// The quaternion is taken as it is, not normalised: all zeros turn nothing.
     DisplayListItem(std::string objectName, const glm::vec3& position, const glm::quat& orientation,

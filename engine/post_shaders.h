@@ -2,6 +2,9 @@
 
 #include <span>
 
+/// Vertex shader of all full-screen draws but the skybox: passes "texcoord" on, 0 to 1 over the screen.
+extern const char* const post_vert_src;
+
 // Fragment shaders for passes of the post chain. Each reads the sampler "fbo" at "texcoord".
 
 extern const char* const post_pass0_frag_src; ///< plain copy

@@ -1,31 +1,18 @@
 #include "engine/scene.h"
 
+#include "engine/full_screen_triangle.h"
 #include "engine/post_shaders.h"
 #include "engine/shaders/material_frag.h"
 #include "engine/shaders/material_vert.h"
-#include "gl/vertex.h"
 
 #include <glm/geometric.hpp>
 
 namespace lumeth {
 
-const char* const Scene::material_vert = ::material_vert;
-const char* const Scene::material_frag = ::material_frag;
+const char* const Scene::material_vert = embedded::material_vert;
+const char* const Scene::material_frag = embedded::material_frag;
 
 namespace {
-
-/// The triangle of all full-screen draws: it covers the whole of clip space.
-zund::VertexArray createFullScreenTriangle(zund::Renderer& renderer)
-{
-    const zund::Vertex corners[] = {{-1.0F, -1.0F, 0.0F}, {3.0F, -1.0F, 0.0F}, {-1.0F, 3.0F, 0.0F}};
-    const unsigned int indices[] = {0, 1, 2};
-    std::vector<float> positions;
-    for (const zund::Vertex& corner : corners) {
-        positions.insert(positions.end(), {corner.x, corner.y, corner.z});
-    }
-    return renderer.createIndexedBuffer(positions.data(), positions.size(), indices, std::size(indices),
-                                        nullptr, 0, nullptr, 0, nullptr, 0, nullptr, 0);
-}
 
 const glm::quat noRotation(0.0F, 0.0F, 0.0F, 0.0F);
 

@@ -4,7 +4,7 @@
 #include "scenes/full_frame.h"
 #include "scenes/orientations.h"
 #include "scenes/post_chain.h"
-#include "scenes/shaders/bottle_text_frag.h"
+#include "scenes/shaders/scroller_frag.h"
 #include "scenes/tables.h"
 #include "scenes/text_layer_material.h"
 #include "sync/tools.h"
@@ -21,7 +21,7 @@ using namespace orientations;
 class ScrollerShader : public TextLayerMaterial {
 public:
     ScrollerShader(zund::Renderer& renderer, float aspect)
-        : TextLayerMaterial(renderer, aspect, bottle_text_frag)
+        : TextLayerMaterial(renderer, aspect, embedded::scroller_frag)
     {
     }
 };

@@ -4,7 +4,7 @@
 #include "scenes/full_frame.h"
 #include "scenes/orientations.h"
 #include "scenes/post_chain.h"
-#include "scenes/shaders/burger_text_frag.h"
+#include "scenes/shaders/burger_frag.h"
 #include "scenes/tables.h"
 #include "scenes/text_layer_material.h"
 #include "sync/tools.h"
@@ -18,7 +18,7 @@ using namespace orientations;
 class BurgerShader : public TextLayerMaterial {
 public:
     BurgerShader(zund::Renderer& renderer, float aspect)
-        : TextLayerMaterial(renderer, aspect, burger_text_frag)
+        : TextLayerMaterial(renderer, aspect, embedded::burger_frag)
     {
     }
 };
@@ -107,7 +107,7 @@ BurgerScene::BurgerScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 {
     scene.init(renderer, size);
     usePostChain(scene, renderer);
-    scene.setBackground(renderer, grey_blue_background);
+    scene.setBackground(renderer, grey_blue_background_frag);
     scene.setSkyboxColor({0.3F, 0.3F, 0.4F}); // never seen behind the background
     const float aspect = aspectOf(size);
     addObjects(scene, renderer, pack, aspect, objects);

@@ -14,7 +14,7 @@ namespace {
 class CreditsShader : public lumeth::Material {
 public:
     CreditsShader(zund::Renderer& renderer, float aspect)
-        : Material(renderer, credits_vert, credits_frag, nullptr), aspect(aspect)
+        : Material(renderer, credits_vert, embedded::credits_frag, nullptr), aspect(aspect)
     {
     }
 

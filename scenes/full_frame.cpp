@@ -1,19 +1,15 @@
 #include "scenes/full_frame.h"
 
-#include "scenes/shaders/full_frame_vert.h"
+#include "engine/full_screen_triangle.h"
+#include "scenes/shaders/scroller_vert.h"
 
-#include <iterator>
-
-const char* const scroller_vert = full_frame_vert;
-const char* const credits_vert = full_frame_vert;
+const char* const scroller_vert = embedded::scroller_vert;
+const char* const credits_vert = embedded::scroller_vert;
 
 zund::VertexArray createFullFrameTriangle(zund::Renderer& renderer, float z)
 {
-    const float positions[] = {-1.0F, -1.0F, z, 3.0F, -1.0F, z, -1.0F, 3.0F, z};
-    const unsigned int indices[] = {0, 1, 2};
-    const float uvs[] = {0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F};
-    return renderer.createIndexedBuffer(positions, std::size(positions), indices, std::size(indices), uvs,
-                                        std::size(uvs), nullptr, 0, nullptr, 0, nullptr, 0);
+    constexpr float uvs[] = {0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F};
+    return lumeth::createFullScreenTriangle(renderer, z, uvs);
 }
 
 float aspectOf(const std::pair<int, int>& size)

@@ -4,7 +4,7 @@
 #include "scenes/full_frame.h"
 #include "scenes/orientations.h"
 #include "scenes/post_chain.h"
-#include "scenes/shaders/people_text_frag.h"
+#include "scenes/shaders/pscroller_frag.h"
 #include "scenes/tables.h"
 #include "scenes/text_layer_material.h"
 #include "sync/tools.h"
@@ -20,7 +20,7 @@ using namespace orientations;
 class PScrollerShader : public TextLayerMaterial {
 public:
     PScrollerShader(zund::Renderer& renderer, float aspect)
-        : TextLayerMaterial(renderer, aspect, people_text_frag)
+        : TextLayerMaterial(renderer, aspect, embedded::pscroller_frag)
     {
     }
 };
@@ -74,7 +74,7 @@ PeopleScene::PeopleScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 {
     scene.init(renderer, size);
     usePostChain(scene, renderer);
-    scene.setBackground(renderer, warm_teal_background);
+    scene.setBackground(renderer, warm_teal_background_frag);
     const float aspect = aspectOf(size);
     addObjects(scene, renderer, pack, aspect, objects);
     addTextLayer(scene, renderer, pack, aspect, textLayer);

@@ -4,7 +4,7 @@
 #include "scenes/full_frame.h"
 #include "scenes/orientations.h"
 #include "scenes/post_chain.h"
-#include "scenes/shaders/toilet_text_frag.h"
+#include "scenes/shaders/toilet_frag.h"
 #include "scenes/tables.h"
 #include "sync/tools.h"
 
@@ -17,7 +17,7 @@ using namespace orientations;
 class ToiletShader : public lumeth::Material {
 public:
     ToiletShader(zund::Renderer& renderer, float aspect)
-        : Material(renderer, scroller_vert, toilet_text_frag, nullptr),
+        : Material(renderer, scroller_vert, embedded::toilet_frag, nullptr),
           aspect(aspect),
           tex_color(renderer.getUniform(program, "tex_color")),
           tex_normal(renderer.getUniform(program, "tex_normal")),
@@ -82,7 +82,7 @@ ToiletScene::ToiletScene(zund::Renderer& renderer, const pack::Packfile& pack, c
 {
     scene.init(renderer, size);
     usePostChain(scene, renderer);
-    scene.setBackground(renderer, grey_blue_background);
+    scene.setBackground(renderer, grey_blue_background_frag);
     scene.setSkyboxColor({0.3F, 0.3F, 0.4F}); // never seen behind the background
     const float aspect = aspectOf(size);
     addObjects(scene, renderer, pack, aspect, objects);

@@ -4,7 +4,7 @@
 #include "scenes/shaders/tv_frag.h"
 
 TvMaterial::TvMaterial(zund::Renderer& renderer, float aspect)
-    : Material(renderer, lumeth::Scene::material_vert, tv_frag, nullptr),
+    : Material(renderer, lumeth::Scene::material_vert, embedded::tv_frag, nullptr),
       aspect(aspect),
       uniforms(renderer, program),
       timeUniform(renderer.getUniform(program, "time"))

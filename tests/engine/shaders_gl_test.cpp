@@ -1,7 +1,6 @@
 #include "engine/model_loader.h"
 #include "engine/post_shaders.h"
 #include "engine/scene.h"
-#include "engine/shaders/post_vert.h"
 #include "engine/shaders/skybox_frag.h"
 #include "engine/shaders/skybox_vert.h"
 #include "scenes/full_frame.h"
@@ -47,7 +46,7 @@ protected:
         zund::DrawCommand command;
         command.frameBuffer = target;
         command.vertexArray = coverScreen();
-        command.program = link(post_vert, source);
+        command.program = link(post_vert_src, source);
         command.textures[0] = input;
         command.textures[2] = kernel;
         command.uniforms = {
@@ -98,15 +97,15 @@ protected:
 TEST_F(ShadersOnTheDriver, CompileAndLinkWithTheirPartners)
 {
     EXPECT_NO_THROW(link(lumeth::Scene::material_vert, lumeth::Scene::material_frag));
-    EXPECT_NO_THROW(link(skybox_vert, skybox_frag));
-    EXPECT_NO_THROW(link(credits_vert, credits_frag));
+    EXPECT_NO_THROW(link(embedded::skybox_vert, embedded::skybox_frag));
+    EXPECT_NO_THROW(link(credits_vert, embedded::credits_frag));
     for (const char* source :
          {post_pass0_frag_src, post_pass1_frag_src, shader_letterbox, shader_gamma_encode}) {
-        EXPECT_NO_THROW(link(post_vert, source));
+        EXPECT_NO_THROW(link(post_vert_src, source));
     }
     ASSERT_EQ(lumeth::getSpareEffects().size(), 6U);
     for (const lumeth::PostEffect& spare : lumeth::getSpareEffects()) {
-        EXPECT_NO_THROW(link(post_vert, spare.source)) << spare.name;
+        EXPECT_NO_THROW(link(post_vert_src, spare.source)) << spare.name;
     }
 }
 
@@ -613,7 +612,7 @@ TEST_F(ShadersOnTheDriver, ShowTheCreditsPictureDecodedWithItsFirstRowOnTop)
     zund::DrawCommand command;
     command.frameBuffer = target;
     command.vertexArray = createFullFrameTriangle(renderer, 0.0F);
-    command.program = link(credits_vert, credits_frag);
+    command.program = link(credits_vert, embedded::credits_frag);
     command.textures[0] = picture([](int x, int y) {
         return glm::vec3(static_cast<float>(y) / 64.0F, static_cast<float>(x) / 64.0F, 0.5F);
     });

@@ -374,8 +374,8 @@ std::string shaderName(const std::string& text)
         {"letterbox", shader_letterbox},
         {"gamma", shader_gamma_encode},
         {"full frame", scroller_vert},
-        {"grey to blue", grey_blue_background},
-        {"warm to teal", warm_teal_background},
+        {"grey to blue", grey_blue_background_frag},
+        {"warm to teal", warm_teal_background_frag},
         {"yellow to blue", background_frag},
     };
     for (const auto& [name, source] : whole) {

@@ -127,7 +127,7 @@ TEST_F(SceneShader, OfATextLayerDeclaresTimeAndAResolutionThatNothingReads)
 
 TEST(BackgroundText, DeclaresATimeThatNothingReads)
 {
-    for (const char* text : {background_frag, grey_blue_background, warm_teal_background}) {
+    for (const char* text : {background_frag, grey_blue_background_frag, warm_teal_background_frag}) {
         const std::string source = text;
         EXPECT_THAT(source, StartsWith("#version 450\n"));
         EXPECT_THAT(source, HasSubstr("uniform vec2 resolution;\n"));

@@ -1,7 +1,7 @@
 // The part of the scene that carries the picture through the post passes to the screen.
 
+#include "engine/post_shaders.h"
 #include "engine/scene.h"
-#include "engine/shaders/post_vert.h"
 
 namespace lumeth {
 
@@ -14,7 +14,7 @@ PostProcessing::Pass Scene::createPostPass(zund::Renderer& renderer, const std::
     pass.frameBuffer = renderer.createFrameBuffer();
     renderer.framebufferTexture(pass.frameBuffer, pass.inputTexture);
     renderer.framebufferRenderbuffer(pass.frameBuffer, pass.depthBuffer);
-    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, post_vert);
+    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, post_vert_src);
     const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, fragmentSource);
     pass.program = renderer.createProgram(vertex, fragment, nullptr);
     pass.resolutionUniform = renderer.getUniform(pass.program, "resolution");

@@ -1,8 +1,8 @@
 // The part of the scene that stands behind all items: background shader or skybox.
 
 #include "engine/perspective.h"
+#include "engine/post_shaders.h"
 #include "engine/scene.h"
-#include "engine/shaders/post_vert.h"
 #include "engine/shaders/skybox_frag.h"
 #include "engine/shaders/skybox_vert.h"
 
@@ -34,6 +34,9 @@ constexpr unsigned int cubeIndices[] = {
 };
 // clang-format on
 
+constexpr const char* skybox_vert_src = embedded::skybox_vert;
+constexpr const char* skybox_frag_src = embedded::skybox_frag;
+
 // The sky's own lens, wider than that of the objects.
 constexpr float fieldOfView = 2.0943952F; // two thirds of pi
 constexpr float nearPlane = 1.0F;
@@ -46,8 +49,8 @@ void Scene::initSkybox(zund::Renderer& renderer)
     skyboxVertexArray =
         renderer.createIndexedBuffer(cubeCorners, std::size(cubeCorners), cubeIndices, std::size(cubeIndices),
                                      nullptr, 0, nullptr, 0, nullptr, 0, nullptr, 0);
-    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, skybox_vert);
-    const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, skybox_frag);
+    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, skybox_vert_src);
+    const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, skybox_frag_src);
     skyboxProgram = renderer.createProgram(vertex, fragment, nullptr);
     skyboxProjection = renderer.getUniform(skyboxProgram, "projection");
     skyboxTextured = renderer.getUniform(skyboxProgram, "textured");
@@ -61,7 +64,7 @@ void Scene::setSkyboxColor(glm::vec3 color)
 
 void Scene::setBackground(zund::Renderer& renderer, const char* fragmentSource)
 {
-    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, post_vert);
+    const zund::Shader vertex = renderer.createShader(zund::Shader::Vertex, post_vert_src);
     const zund::Shader fragment = renderer.createShader(zund::Shader::Fragment, fragmentSource);
     background = std::make_unique<Background>();
     background->program = renderer.createProgram(vertex, fragment, nullptr);
