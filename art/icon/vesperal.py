@@ -8,12 +8,11 @@ buttons are for those who look closer.
 import os
 import sys
 
-sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "layers"))
-import poster_kit as kit  # noqa: E402
-from poster_kit import draw, glow, placed  # noqa: E402
+import cairo
+import numpy as np
 
-import cairo  # noqa: E402  # after the kit, which says what is missing
-import numpy as np  # noqa: E402
+from kit import poster
+from kit.poster import draw, glow, placed
 
 SIZE = 256
 
@@ -78,7 +77,7 @@ def within(c, row, paint):
     """Paint clipped to the shape of the row: light must not fall on what is transparent."""
     kind, _, *numbers = row
     c.save()
-    kit.SHAPES[kind](c, *numbers)
+    poster.SHAPES[kind](c, *numbers)
     c.clip()
     paint(c)
     c.restore()
@@ -126,4 +125,4 @@ def paint():
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "vesperal.png")
-    sys.exit(kit.run(sys.argv[0], {}, paint, beside))
+    sys.exit(poster.run(sys.argv[0], {}, paint, beside))

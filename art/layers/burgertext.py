@@ -6,9 +6,9 @@ sways by 108 rows: what lies between rows 410 and 1740 stays in the picture.
 import os
 import sys
 
-import lettering_kit as lettering
-import poster_kit as kit
-from lettering_kit import Line
+from kit import poster
+from layers import lettering_kit as lettering
+from layers.lettering_kit import Line
 
 WIDTH, HEIGHT = 3840, 2160
 
@@ -45,4 +45,4 @@ def paint():
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "burgertext.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

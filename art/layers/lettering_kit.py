@@ -8,7 +8,7 @@ from dataclasses import dataclass, field
 import cairo
 import numpy as np
 
-import poster_kit as kit
+from kit import poster
 
 FLOOR = (8, 4, 8)  # the darkest a texel may be that is not empty; below it the compressed texture may turn black
 
@@ -19,7 +19,7 @@ FLOOR = (8, 4, 8)  # the darkest a texel may be that is not empty; below it the 
 class Line:
     """Capitals on one baseline: words are spaced by eye, then apart by a gap.
 
-    air, least and word_gap are in thousandths of the size, as in kit.optical_line.
+    air, least and word_gap are in thousandths of the size, as in poster.optical_line.
     """
     text: str
     font: str
@@ -37,7 +37,7 @@ class Line:
         for word in self.text.split():
             if self.letters:
                 self.width += self.word_gap * self.SIZE / 1000
-            letters, width = kit.optical_line(word, self.font, self.SIZE, self.cap, self.air, self.least)
+            letters, width = poster.optical_line(word, self.font, self.SIZE, self.cap, self.air, self.least)
             self.letters += [(path, self.width + x) for path, x in letters]
             self.width += width
 
@@ -48,7 +48,7 @@ class Line:
 
 def cap_height(font, size):
     """The height of a flat capital."""
-    path, _ = kit.text_path("H", font, size)
+    path, _ = poster.text_path("H", font, size)
     c = cairo.Context(cairo.RecordingSurface(cairo.CONTENT_ALPHA, None))
     c.append_path(path)
     return -c.path_extents()[1]
@@ -108,5 +108,5 @@ def mask(surface):
 def coloured(surface, grain_seed):
     """The surface's own colours on black, with grain against bands in gradients."""
     colours, ink = painted(surface)
-    grainy = np.maximum(kit.add_grain(colours, grain_seed), np.uint8(FLOOR))
+    grainy = np.maximum(poster.add_grain(colours, grain_seed), np.uint8(FLOOR))
     return grainy * ink[..., None]

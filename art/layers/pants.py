@@ -7,9 +7,9 @@ empty, for it comes round to the picture's upper edge.
 import os
 import sys
 
-import lettering_kit as lettering
-import poster_kit as kit
-from lettering_kit import Line
+from kit import poster
+from layers import lettering_kit as lettering
+from layers.lettering_kit import Line
 
 WIDTH, HEIGHT = 3840, 2160
 GRAIN_SEED = 2000
@@ -50,18 +50,18 @@ def paint():
     surface, c = lettering.empty(WIDTH, HEIGHT)
     steps = range(DEPTH, -1, -2)
     for (line, _), box in zip(LINES, boxes()):
-        kit.set_paint(c, PLUM)
+        poster.set_paint(c, PLUM)
         for dx in steps:
             letters_path(c, line, box, dx)
             lettering.swell(c, ROUNDING + RIM)
     for (line, face), box in zip(LINES, boxes()):
         for dx in steps:
             letters_path(c, line, box, dx)
-            kit.set_paint(c, WINE if dx else face)
+            poster.set_paint(c, WINE if dx else face)
             lettering.swell(c, ROUNDING)
     return lettering.coloured(surface, GRAIN_SEED)
 
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "pants.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

@@ -4,9 +4,9 @@ import sys
 
 import cairo
 
-import lettering_kit as lettering
-import poster_kit as kit
-from queue_main import FONTS, HEIGHT, ROUNDING, WIDTH, letters_path
+from kit import poster
+from layers import lettering_kit as lettering
+from layers.queue_main import FONTS, HEIGHT, ROUNDING, WIDTH, letters_path
 
 BORDER = 16  # its width
 
@@ -23,4 +23,4 @@ def paint():
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "queue_border.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

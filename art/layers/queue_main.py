@@ -7,9 +7,9 @@ columns 165 and 3620 stays in the picture, and does not come round to its right 
 import os
 import sys
 
-import lettering_kit as lettering
-import poster_kit as kit
-from lettering_kit import Line
+from kit import poster
+from layers import lettering_kit as lettering
+from layers.lettering_kit import Line
 
 WIDTH, HEIGHT = 3840, 2160
 
@@ -70,4 +70,4 @@ def paint():
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "queue_main.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

@@ -7,8 +7,8 @@ front of a television whose sunset has come apart; next door three wait for the 
 import os
 import sys
 
-import poster_kit as kit
-from poster_kit import draw, glow, placed, write
+from kit import poster
+from kit.poster import draw, glow, placed, write
 
 WIDTH, HEIGHT = 3840, 2160
 GRAIN_SEED = 1999
@@ -68,7 +68,7 @@ def wallpaper(c):
     """Broad stripes left, rows of half moons right: quiet enough to stay behind everything."""
     draw(c, [("box", "#ffffff@0.045", x, CEILING, 70, SKIRTING - CEILING) for x in range(LEFT + 40, PARTITION, 140)])
     c.save()
-    kit.box(c, HALL, CEILING, RIGHT - HALL, SKIRTING - CEILING)
+    poster.box(c, HALL, CEILING, RIGHT - HALL, SKIRTING - CEILING)
     c.clip()
     for row, y in enumerate(range(CEILING + 60, SKIRTING + 100, 120)):
         for x in range(HALL + 10 + 70 * (row % 2), RIGHT + 70, 140):
@@ -179,11 +179,11 @@ def screen(c):
     """A sunset with its strips out of step: the set is broken, and still the best window in the house."""
     draw(c, [SCREEN])
     c.save()
-    kit.box(c, *SCREEN[2:])
+    poster.box(c, *SCREEN[2:])
     c.clip()
     for y, height, shift in TEARS:
         c.save()
-        kit.box(c, 1000, y, 940, height)
+        poster.box(c, 1000, y, 940, height)
         c.clip()
         for colour_shift, alpha in ((1.35, 0.45), (1.0, 1.0)):
             c.push_group()
@@ -392,14 +392,14 @@ ROUNDING = 20   # width of the rim that takes the edge off their corners
 
 def name_sign(c):
     """The name in thick letters on the edge of the roof, lit from below by the house."""
-    letters, width = kit.optical_line("VESPERAL", TITLE_FONT, TITLE_SIZE, CAPS * TITLE_SIZE, air=88, least=62)
+    letters, width = poster.optical_line("VESPERAL", TITLE_FONT, TITLE_SIZE, CAPS * TITLE_SIZE, air=88, least=62)
     c.save()
     c.translate((WIDTH - width - DEPTH) / 2, ROOF - ROUNDING / 2)
     c.set_line_width(ROUNDING)
     sides = [(dx, WINE) for dx in range(DEPTH, 0, -2)]
     for dx, paint in sides + [(0, ("#fff6dc", "#ffe9b4", "#f7bd57"))]:
         letters_path(c, letters, dx)
-        kit.set_paint(c, paint)
+        poster.set_paint(c, paint)
         c.fill_preserve()
         c.stroke()
     c.restore()
@@ -462,7 +462,7 @@ def light(c):
 def inside(c, x0, x1, paint):
     """Paint with everything clipped to one room."""
     c.save()
-    kit.box(c, x0, CEILING, x1 - x0, GROUND - CEILING)
+    poster.box(c, x0, CEILING, x1 - x0, GROUND - CEILING)
     c.clip()
     paint(c)
     c.restore()
@@ -470,7 +470,7 @@ def inside(c, x0, x1, paint):
 
 def paint():
     """The whole picture, as an array of pixels."""
-    surface, c = kit.canvas(WIDTH, HEIGHT)
+    surface, c = poster.canvas(WIDTH, HEIGHT)
     outdoors(c)
     draw(c, HOUSE)
     wallpaper(c)
@@ -483,9 +483,9 @@ def paint():
     draw(c, ROOF_SLAB)
     name_sign(c)
     lines(c)
-    return kit.add_grain(kit.picture(surface), GRAIN_SEED)
+    return poster.add_grain(poster.picture(surface), GRAIN_SEED)
 
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "title.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

@@ -9,10 +9,10 @@ import sys
 
 import numpy as np
 
-import lettering_kit as lettering
-import poster_kit as kit
-from lettering_kit import Line
-from poster_kit import draw, placed
+from kit import poster
+from kit.poster import draw, placed
+from layers import lettering_kit as lettering
+from layers.lettering_kit import Line
 
 SIZE = 2048
 SCREEN = (1920, 1080)
@@ -50,7 +50,7 @@ def word(c, x, y):
         for dx, paint in zip(steps, paints):
             c.new_path()
             lettering.add_line(c, WORD, (x + dx, y - HEIGHT / 2, MEASURE, HEIGHT))
-            kit.set_paint(c, paint)
+            poster.set_paint(c, paint)
             lettering.swell(c, radius)
 
 
@@ -59,8 +59,8 @@ def bottle(c, x, y):
     with placed(c, x, y, 0.98, turn=14):
         c.translate(0, 127)
         for kind, _, *numbers in (GLASS, CAP):
-            kit.SHAPES[kind](c, *numbers)
-        kit.set_paint(c, PLUM)
+            poster.SHAPES[kind](c, *numbers)
+        poster.set_paint(c, PLUM)
         lettering.swell(c, RIM)
         draw(c, BOTTLE)
 
@@ -79,4 +79,4 @@ def paint():
 
 if __name__ == "__main__":
     beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "unlimited.png")
-    sys.exit(kit.run(sys.argv[0], FONTS, paint, beside))
+    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))

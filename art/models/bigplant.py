@@ -9,7 +9,7 @@ import numpy as np
 from mathutils import Matrix, Vector
 
 from kit import mesh, model, shapes
-from models.bigplant_kit import LEAVES, STEM
+from kit.leaves import LEAVES, STEM
 
 # Where the room's lamps are, about, in both places where the plant stands; the cameras are on the same side.
 LAMPS = Vector((1.5, 1.7, 2.7))

@@ -1,7 +1,6 @@
 """The lower half of the burger box: slanted foam walls with a rim, a lip under the lid, feet, and the hinge."""
 
-from kit import mesh, model, shapes, uv
-from models import burgerbox_kit as box
+from kit import burgerbox as box, mesh, model, shapes, uv
 
 # (inset from the rim, height), from the middle of the base up the outside, over rim and lip, down to the floor.
 WALL = [(0.72, -1.64), (0.50, -1.64), (0.42, -1.625), (0.365, -1.58), (0.345, -1.52),

@@ -6,9 +6,8 @@ second one for the inside, upright when the lid stands open; and the four walls 
 
 import math
 
-from kit import mesh, model
+from kit import burgerbox as box, mesh, model
 from models import burgerbox_bottom as bottom
-from models import burgerbox_kit as box
 
 # (inset from the rim, height), from the middle of the inside down to the rim and up to the middle of the panel.
 LINING_PANEL = [(0.92, 1.50), (0.80, 1.49), (0.72, 1.455), (0.685, 1.39)]

@@ -5,8 +5,8 @@ The islands are those of the model; all of them go half round the bottle, so the
 
 import numpy as np
 
-from layers import poster_kit as poster
-from layers.poster_kit import draw, placed, write
+from kit import poster
+from kit.poster import draw, placed, write
 from models import beer
 from textures import print_kit as kit
 

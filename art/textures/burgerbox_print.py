@@ -6,9 +6,8 @@ import math
 
 import numpy as np
 
-from layers import poster_kit as poster
-from layers.poster_kit import draw, placed, write
-from models import burgerbox_kit as box
+from kit import burgerbox as box, poster
+from kit.poster import draw, placed, write
 from models import burgerbox_top as lid
 from textures import print_kit as kit
 

@@ -8,10 +8,9 @@ import os
 
 import numpy as np
 
-from kit import bake, model, shapes
+from kit import bake, model, poster, shapes
 from kit.paint import Paint, flat
-from layers import poster_kit as kit
-from layers.poster_kit import draw, write
+from kit.poster import draw, write
 from models import coffeetable
 from textures import furniture_kit as furniture
 from textures.wood_kit import wood
@@ -65,20 +64,20 @@ def paint_all():
 
 
 def ticket():
-    surface, c = kit.canvas(720, 400)
+    surface, c = poster.canvas(720, 400)
     draw(c, [("box", "#f6ecd6", 0, 0, 720, 400), ("box", "#c8452f", 0, 0, 720, 92),
              ("box", "#c8452f", 0, 384, 720, 16)])
     write(c, "THE QUEUE", "League Spartan Black", 66, 360, 70, "#fff3dc", track=60)
     write(c, "087", "League Spartan Black", 260, 360, 318, "#2a2030")
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def mat():
     """For a beer; none stands on it."""
-    surface, c = kit.canvas(400, 400)
+    surface, c = poster.canvas(400, 400)
     draw(c, [("box", "#c8452f", 0, 0, 400, 400), ("oval", "#f6ecd6", 200, 200, 176), ("oval", "#1f6a70", 200, 200, 156),
              ("star", "#f0b33e", 200, 200, 128, 26)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def light(target):

@@ -10,7 +10,7 @@ import bpy
 import numpy as np
 
 from kit import bake, png
-from models.bigplant_kit import LEAVES, SIZE, STEM
+from kit.leaves import LEAVES, SIZE, STEM
 
 OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bigplant.png")
 DARKEST = 12  # of a leaf's texel, so that no encoder makes it black

@@ -6,8 +6,7 @@ import bpy
 import cairo
 import numpy as np
 
-from kit import bake, model, png
-from layers import poster_kit as poster
+from kit import bake, model, png, poster
 
 SIZE = 2048
 DARKEST = 8  # of a channel: the encoder keeps pure black for holes

@@ -10,9 +10,8 @@ import os
 import bpy
 import numpy as np
 
-from kit import bake, model
+from kit import bake, model, poster
 from kit.paint import Paint, flat
-from layers import poster_kit
 from models import room
 from textures import furniture_kit as furniture, room_prints_kit as prints
 
@@ -171,7 +170,7 @@ def compose(target, albedo, lit):
 
 
 def main():
-    poster_kit.require_fonts(prints.FONTS)
+    poster.require_fonts(prints.FONTS)
     target = model.make(room.build, "room")
     paint_all()
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"}, margin=4)

@@ -5,8 +5,8 @@ Each function draws on a surface as wide as 1000, whatever its height, and gives
 
 import math
 
-from layers import poster_kit as kit
-from layers.poster_kit import draw, glow, write
+from kit import poster
+from kit.poster import draw, glow, write
 
 POSTER_FONT, SIGN_FONT, NUMBER_FONT = "League Spartan Black", "League Spartan Bold", "Bebas Neue Bold"
 SCRIPT_FONT = "Leckerli One"
@@ -18,7 +18,7 @@ TEAL, DEEP_TEAL, MIDNIGHT, LEAF, ROSE = "#36888c", "#1f5a68", "#17244a", "#4f8f5
 
 
 def sheet(height, texels=1000):
-    surface, c = kit.canvas(texels, round(texels * height / 1000))
+    surface, c = poster.canvas(texels, round(texels * height / 1000))
     c.scale(texels / 1000, texels / 1000)
     return surface, c
 
@@ -38,7 +38,7 @@ def moon():
                ("blob", BRICK, (-100, 1500), (60, 850), (330, 720), (600, 850), (1100, 830), (1100, 1500)),
                ("blob", MUSTARD, (-100, 1500), (-50, 1010), (300, 960), (640, 880), (900, 930), (1100, 1500)),
                ("blob", DEEP_TEAL, (-100, 1500), (0, 1080), (420, 1130), (760, 1010), (1100, 1060), (1100, 1500))])])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def burger():
@@ -55,7 +55,7 @@ def burger():
     draw(c, [("box", DEEP_TEAL, 806, 250, 58, 392, 20), ("box", LEAF, 790, 380, 90, 262, 22),
              ("box", CREAM, 790, 450, 90, 100, 4),
              ("box", MUSTARD, 806, 238, 58, 30, 8)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 TROUSERS = ("poly", MIDNIGHT, 26, (300, 330), (700, 330), (760, 900), (560, 900), (500, 560), (440, 900), (240, 900))
@@ -70,11 +70,11 @@ def trousers():
     c.set_line_width(74)
     c.new_path()
     c.arc(500, 600, 400, 0, 2 * math.pi)
-    kit.set_paint(c, BRICK)
+    poster.set_paint(c, BRICK)
     c.stroke()
     draw(c, [("line", BRICK, 74, (225, 325), (775, 875))])
     write(c, "AFTER EIGHT", POSTER_FONT, 142, 500, 1200, MIDNIGHT)
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def duck():
@@ -88,7 +88,7 @@ def duck():
              ("oval", MIDNIGHT, 370, 380, 26), ("oval", CREAM, 362, 372, 9),
              ("limb", "#d99428", 26, (470, 680), (580, 740), (690, 650))])
     draw(c, [("oval", CREAM, 330 + 34 * k, 575 + 14 * math.sin(k * 1.3), 42, 30) for k in range(9)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def wc():
@@ -96,13 +96,13 @@ def wc():
     draw(c, [("box", MIDNIGHT, 0, 0, 1000, 540), ("box", CREAM, 40, 40, 920, 460, 80),
              ("box", MIDNIGHT, 66, 66, 868, 408, 60)])
     write(c, "WC", POSTER_FONT, 360, 500, 400, CREAM, track=30)
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def occupied():
     surface, c = sheet(1000)
     draw(c, [("box", CREAM, 0, 0, 1000, 1000), ("oval", BRICK, 500, 500, 430), ("box", CREAM, 250, 440, 500, 120, 20)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def number():
@@ -110,14 +110,14 @@ def number():
     draw(c, [("box", CREAM, 0, 0, 1000, 654)])
     write(c, "TAKE A", SIGN_FONT, 210, 500, 265, MIDNIGHT)
     write(c, "NUMBER", SIGN_FONT, 210, 500, 515, BRICK)
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def nameplate():
     surface, c = sheet(128)
     draw(c, [("box", ("#f0cf7a", "#c8963c"), 0, 0, 1000, 128)])
     write(c, "VESPERAL  HOUSE", SIGN_FONT, 84, 500, 94, "#4a2a14", track=160)
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def dial():
@@ -134,7 +134,7 @@ def dial():
             write(c, str(hour or 12), POSTER_FONT, 120, x, y + 43, MIDNIGHT)
         else:
             draw(c, [("oval", MIDNIGHT, x, y, 22)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 # The window's evening: y of the roofs' ridges, from left to right, as (x, y, width, height, colour).
@@ -156,7 +156,7 @@ def dusk():
                  ("poly", colour, 6, (x - 14, y + 60), (x + width / 2, y - 40), (x + width + 14, y + 60)),
                  ("box", colour, x, y + 56, width, height)])
     draw(c, [("box", "#ffcf70", x, y + 16, 26, 32, 3) for x, y in LIT_WINDOWS])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def wallpaper():
@@ -167,7 +167,7 @@ def wallpaper():
         for column in range(-1, 3):
             x, y = 500 * column + 250 * (row % 2), 250 * row + 250
             draw(c, arcs(x, y, (252, 214, 150, 112, 54), (dark, light, dark, light, dark)))
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def rug(width, depth):
@@ -182,7 +182,7 @@ def rug(width, depth):
         suns += arcs(500, y, (392, 330, 272, 214, 156, 98), ("#1f5f6c", CREAM, MUSTARD, "#dc5a36", "#8e3040", MUSTARD))
     draw(c, [("within", inner, suns + arcs(500, tall / 2, (150, 118, 78), ("#1f5f6c", MUSTARD, "#dc5a36")))])
     draw(c, [("star", CREAM, x, tall / 2 + y, 52, 12) for x in (230, 770) for y in (-70, 70)])
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 PRINTS = {"poster_moon": moon, "poster_burger": burger, "poster_trousers": trousers, "poster_duck": duck, "sign_wc": wc,

@@ -8,8 +8,8 @@ import os
 import cairo
 import numpy as np
 
-from layers import poster_kit as kit
-from layers.poster_kit import draw, glow, placed, write
+from kit import poster
+from kit.poster import draw, glow, placed, write
 from models.tv import LIT, SCREEN_SIZE
 
 OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tv_emit.png")
@@ -91,7 +91,7 @@ def vignette(c):
 
 def picture(texels):
     """The test card, square as the texture stretches it."""
-    surface, c = kit.canvas(texels, texels)
+    surface, c = poster.canvas(texels, texels)
     c.scale(texels / WIDTH, texels / HEIGHT)
     sky(c)
     draw(c, STARS)
@@ -102,16 +102,16 @@ def picture(texels):
     lower_third(c)
     station(c)
     vignette(c)
-    return kit.picture(surface)
+    return poster.picture(surface)
 
 
 def main():
-    kit.require_fonts(FONTS)
+    poster.require_fonts(FONTS)
     first, last = (round(edge * SIZE) + over for edge, over in zip(LIT, (-BLEED, BLEED)))
     canvas = np.zeros((SIZE, SIZE, 3), np.uint8)
-    card = np.maximum(kit.add_grain(picture(last - first), 1), 10)
+    card = np.maximum(poster.add_grain(picture(last - first), 1), 10)
     canvas[SIZE - last:SIZE - first, first:last] = card
-    kit.save_png(canvas, OUTPUT)
+    poster.save_png(canvas, OUTPUT)
     print(f"tv: {card.mean():.0f} of 255 on average")
 
 

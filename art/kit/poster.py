@@ -23,8 +23,7 @@ except (ImportError, ValueError) as missing:
     sys.exit(f"{os.path.basename(sys.argv[0])}: a Python module that draws the poster is missing: {missing} "
              "(packages python3-gi, python3-gi-cairo, gir1.2-pango-1.0, python3-numpy, python3-pil)")
 
-sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from kit import png  # noqa: E402
+from kit import png
 
 
 class PosterError(Exception):
