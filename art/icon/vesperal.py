@@ -1,13 +1,10 @@
-"""The program's icon: python3 vesperal.py [OUT.png].
+"""The program's icon: vesperal.png.
 
 The doll's house of the poster seen by its gable, with the evening star over it: two on a sofa under one lamp, the
 first with the hat, the second with the glasses.  All places are pixels of the 256 x 256 picture.  Straight edges stand
 on multiples of eight wherever they can, so that they are still sharp at 32 x 32; eyes, smiles and
 buttons are for those who look closer.
 """
-import os
-import sys
-
 import cairo
 import numpy as np
 
@@ -124,5 +121,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "vesperal.png")
-    sys.exit(poster.run(sys.argv[0], {}, paint, beside))
+    poster.main({}, paint)

@@ -1,7 +1,13 @@
-"""PNG files as small as they go without loss."""
+"""PNG files: where they land, and how they get as small as they go without loss."""
 
 import os
 import subprocess
+
+
+def beside(script, part=None):
+    """Where a script NAME.py puts its picture: NAME.png in its own folder, or NAME_PART.png where it makes several."""
+    stem = os.path.splitext(os.path.abspath(script))[0]
+    return f"{stem}_{part}.png" if part else f"{stem}.png"
 
 
 def crush(path):

@@ -365,17 +365,15 @@ def save_png(pixels, path):
             os.unlink(aside)
 
 
-def run(program, fonts, paint, default_out):
-    """The command line all posters share: PROGRAM [OUT.png].  Returns the exit status."""
-    name = os.path.basename(program)
-    if len(sys.argv) > 2 or any(argument.startswith("-") for argument in sys.argv[1:]):
+def main(fonts, paint):
+    """The command line of a script that draws one picture: SCRIPT [OUT.png]; beside the script, if nothing is said."""
+    script, *others = sys.argv
+    name = os.path.basename(script)
+    if len(others) > 1 or any(argument.startswith("-") for argument in others):
         print(f"usage: {name} [OUT.png]", file=sys.stderr)
-        return 2
-    out = sys.argv[1] if len(sys.argv) == 2 else default_out
+        sys.exit(2)
     try:
         require_fonts(fonts)
-        save_png(paint(), out)
+        save_png(paint(), others[0] if others else png.beside(script))
     except PosterError as error:
-        print(f"{name}: {error}", file=sys.stderr)
-        return 1
-    return 0
+        sys.exit(f"{name}: {error}")

@@ -1,10 +1,8 @@
-"""The three lines beside the burger, a mask: python3 burgertext.py [OUT.png].
+"""The three lines beside the burger, a mask: burgertext.png.
 
 The burger keeps the middle.  STACK IT stands on its left; on its right the letters of HIGHER climb.  The whole
 sways by 108 rows: what lies between rows 410 and 1740 stays in the picture.
 """
-import os
-import sys
 
 from kit import poster
 from layers import lettering_kit as lettering
@@ -44,5 +42,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "burgertext.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

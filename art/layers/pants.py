@@ -1,11 +1,9 @@
-"""The line over the two on the sofa: python3 pants.py [OUT.png].
+"""The line over the two on the sofa: pants.png.
 
 It waves about the lower third, where the trousers would be.  The wave makes heights up to twice and down to two thirds
 of what they are here, about row 1080: what lies between rows 600 and 1350 stays in the picture, and all below must be
 empty, for it comes round to the picture's upper edge.
 """
-import os
-import sys
 
 from kit import poster
 from layers import lettering_kit as lettering
@@ -63,5 +61,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "pants.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

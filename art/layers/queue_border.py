@@ -1,6 +1,4 @@
-"""The outline of queue_main, a mask that fits around it: python3 queue_border.py [OUT.png]."""
-import os
-import sys
+"""The outline of queue_main, a mask that fits around it: queue_border.png."""
 
 import cairo
 
@@ -22,5 +20,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "queue_border.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

@@ -1,11 +1,9 @@
-"""The line for the toilet, a mask: python3 queue_main.py [OUT.png].
+"""The line for the toilet, a mask: queue_main.png.
 
 It hangs left and right of the bowl like the sign of an office, with an arrow that leaves no doubt.  The wobble
 stretches all places from the upper left corner by up to a twenty-fifth: what lies between rows 310 and 1770 and between
 columns 165 and 3620 stays in the picture, and does not come round to its right edge.
 """
-import os
-import sys
 
 from kit import poster
 from layers import lettering_kit as lettering
@@ -69,5 +67,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "queue_main.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

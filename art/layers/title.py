@@ -1,11 +1,9 @@
-"""The poster of the show, shown still for its last bars: python3 title.py [OUT.png].
+"""The poster of the show, shown still for its last bars: title.png.
 
 A doll's house cut open at dusk.  The name stands on its roof like a sign; inside, two friends raise a bottle in
 front of a television whose sunset has come apart; next door three wait for the toilet.  All places are pixels of the
 3840 x 2160 picture; figures and bottles have frames of their own, with the origin between the feet or at the base.
 """
-import os
-import sys
 
 from kit import poster
 from kit.poster import draw, glow, placed, write
@@ -487,5 +485,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "title.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

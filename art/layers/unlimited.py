@@ -1,11 +1,9 @@
-"""The band that runs through the ring of bottles, for ever: python3 unlimited.py [OUT.png].
+"""The band that runs through the ring of bottles, for ever: unlimited.png.
 
 Drawn in pixels of a 1920 x 1080 screen, which the square texture spans once in either direction.  It tiles left to
 right.  Half the screen's height lies on the texture's upper edge, so the band is drawn in the middle of the
 picture and then rolled up to there.
 """
-import os
-import sys
 
 import numpy as np
 
@@ -78,5 +76,4 @@ def paint():
 
 
 if __name__ == "__main__":
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), "unlimited.png")
-    sys.exit(poster.run(sys.argv[0], FONTS, paint, beside))
+    poster.main(FONTS, paint)

@@ -4,17 +4,14 @@ Pale birch whose cut edges show their layers, dark legs, a tambour door in walnu
 and the shadows that all of it throws on itself and the set on its top.
 """
 
-import os
-
 import numpy as np
 
-from kit import bake, model, shapes
+from kit import bake, model, png, shapes
 from kit.paint import Paint, flat
 from models import tvtable
 from textures import furniture_kit as furniture
 from textures.wood_kit import wood
 
-FOLDER = os.path.dirname(os.path.abspath(__file__))
 SIZE, LIGHT_SIZE, SAMPLES = 2048, 1024, 48
 EXPOSURE = 1.25
 OPEN = 85  # per cent of the texels that are darker than the open wood, whose light is 1
@@ -66,12 +63,12 @@ def light(target):
 def main():
     target = model.make(tvtable.build, "tvtable")
     paint_all()
-    bake.save_normals(os.path.join(FOLDER, "plywood_norm.png"), bake.bake(target, "NORMAL", SIZE, 8))
+    bake.save_normals(png.beside(__file__, "norm"), bake.bake(target, "NORMAL", SIZE, 8))
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
     lit = bake.resize(light(target), SIZE)
     level = lit.mean(axis=2)
     lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
-    bake.save(os.path.join(FOLDER, "plywood_diff.png"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
+    bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
 
 
 if __name__ == "__main__":

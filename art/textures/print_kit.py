@@ -1,7 +1,5 @@
 """What printed things have in common: drawn from above in texels, then shaded by the light that their shape lets in."""
 
-import os
-
 import bpy
 import cairo
 import numpy as np
@@ -60,9 +58,8 @@ def lay(surface, left, top, pixels):
     c.paint()
 
 
-def save(pixels, name, seed):
-    """Writes the texture beside its script: with grain, nothing black, crushed."""
-    path = os.path.join(os.path.dirname(os.path.abspath(__file__)), name)
+def save(pixels, path, seed):
+    """Writes the texture with grain, nothing black, crushed."""
     grained = poster.add_grain(np.clip(np.rint(pixels), 0, 255).astype(np.int16), seed)
     coarse = np.clip((grained + bake.STEP // 2) // bake.STEP * bake.STEP, DARKEST, 252)
     poster.save_png(coarse.astype(np.uint8), path)

@@ -10,13 +10,12 @@ import os
 import bpy
 import numpy as np
 
-from kit import bake, model, poster
+from kit import bake, model, png, poster
 from kit.paint import Paint, flat
 from models import room
 from textures import furniture_kit as furniture, room_prints_kit as prints
 
-FOLDER = os.path.dirname(os.path.abspath(__file__))
-OUTPUT = os.path.join(FOLDER, "room_diff.png")
+LEAVES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bigplant.png")
 SIZE, LIGHT_SIZE, SAMPLES = 2048, 2048, 28
 
 EXPOSURE = 2.7  # of light times colour; a light of 1 is what 70 % of the texels do not reach
@@ -146,7 +145,7 @@ def set_warm_lights():
 
 def light(target):
     """Both kinds apart, as the lamp's is noisy and soft: fewer texels of it, more samples, smoothed more."""
-    furniture.set_up(furniture.STANDING + furniture.ON_THE_TABLE, furniture.ROOM, os.path.join(FOLDER, "bigplant.png"))
+    furniture.set_up(furniture.STANDING + furniture.ON_THE_TABLE, furniture.ROOM, LEAVES)
     set_cool_lights()
     cool = bake.bake(target, "DIFFUSE", LIGHT_SIZE, SAMPLES, {"DIRECT", "INDIRECT"})
     bake.lights_off()
@@ -175,7 +174,7 @@ def main():
     paint_all()
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"}, margin=4)
     paste_prints(albedo, target)
-    bake.save(OUTPUT, compose(target, albedo, light(target)))
+    bake.save(png.beside(__file__), compose(target, albedo, light(target)))
 
 
 if __name__ == "__main__":

@@ -3,16 +3,13 @@
 Only the rectangle that the glass covers is lit; the rest is exactly black, because the shader tears what is not.
 """
 
-import os
-
 import cairo
 import numpy as np
 
-from kit import poster
+from kit import png, poster
 from kit.poster import draw, glow, placed, write
 from models.tv import LIT, SCREEN_SIZE
 
-OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tv_emit.png")
 SIZE = 2048
 BLEED = 3  # texels beyond the glass, so that no black is filtered in at its rim
 HEIGHT = 1000
@@ -111,8 +108,8 @@ def main():
     canvas = np.zeros((SIZE, SIZE, 3), np.uint8)
     card = np.maximum(poster.add_grain(picture(last - first), 1), 10)
     canvas[SIZE - last:SIZE - first, first:last] = card
-    poster.save_png(canvas, OUTPUT)
-    print(f"tv: {card.mean():.0f} of 255 on average")
+    poster.save_png(canvas, png.beside(__file__))
+    print(f"tv_emit: {card.mean():.0f} of 255 on average")
 
 
 if __name__ == "__main__":

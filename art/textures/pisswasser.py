@@ -5,12 +5,11 @@ The islands are those of the model; all of them go half round the bottle, so the
 
 import numpy as np
 
-from kit import poster
+from kit import png, poster
 from kit.poster import draw, placed, write
 from models import beer
 from textures import print_kit as kit
 
-OUTPUT = "pisswasser.png"
 SEED = 33
 
 BRAND_FONT, KIND_FONT, SMALL_FONT = "League Spartan Black", "Leckerli One", "Yanone Kaffeesatz Bold"
@@ -174,4 +173,4 @@ def paint():
 if __name__ == "__main__":
     poster.require_fonts(FONTS)
     seen = kit.openness(beer.build, "beer", 1.2)
-    kit.save(kit.shaded(paint(), seen), OUTPUT, SEED)
+    kit.save(kit.shaded(paint(), seen), png.beside(__file__), SEED)

@@ -6,12 +6,11 @@ import math
 
 import numpy as np
 
-from kit import burgerbox as box, poster
+from kit import burgerbox as box, png, poster
 from kit.poster import draw, placed, write
 from models import burgerbox_top as lid
 from textures import print_kit as kit
 
-OUTPUT = "burgerbox_top.png"
 SEED = 34
 
 NAME_FONT, SCRIPT_FONT, SMALL_FONT = "League Spartan Black", "Leckerli One", "Yanone Kaffeesatz Bold"
@@ -122,4 +121,4 @@ def paint():
 if __name__ == "__main__":
     poster.require_fonts(FONTS)
     seen = kit.openness(lid.build, "burgerbox_top", 1.0)
-    kit.save(kit.shaded(paint(), seen, depth=0.8), OUTPUT, SEED)
+    kit.save(kit.shaded(paint(), seen, depth=0.8), png.beside(__file__), SEED)

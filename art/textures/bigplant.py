@@ -4,15 +4,12 @@ Painted texel by texel in numpy, each leaf in its own patch: veins, two tones be
 reach the foot of the leaf.
 """
 
-import os
-
 import bpy
 import numpy as np
 
 from kit import bake, png
 from kit.leaves import LEAVES, SIZE, STEM
 
-OUTPUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bigplant.png")
 DARKEST = 12  # of a leaf's texel, so that no encoder makes it black
 GRAIN = 1.2
 
@@ -172,8 +169,8 @@ def main():
     for leaf in LEAVES.values():
         paint_leaf(picture, leaf, generator)
     paint_stem(picture, generator)
-    save(picture, OUTPUT)
-    print(f"plant_leaves: {(picture.any(axis=-1)).mean():.0%} of the picture is leaf")
+    save(picture, png.beside(__file__))
+    print(f"bigplant: {(picture.any(axis=-1)).mean():.0%} of the picture is leaf")
 
 
 if __name__ == "__main__":

@@ -4,18 +4,15 @@ Teak in boards, brass shoes, a glazed bowl; rings where bottles stood beside the
 that stands on the table and that the table throws on itself.
 """
 
-import os
-
 import numpy as np
 
-from kit import bake, model, poster, shapes
+from kit import bake, model, png, poster, shapes
 from kit.paint import Paint, flat
 from kit.poster import draw, write
 from models import coffeetable
 from textures import furniture_kit as furniture
 from textures.wood_kit import wood
 
-FOLDER = os.path.dirname(os.path.abspath(__file__))
 SIZE, LIGHT_SIZE, SAMPLES = 2048, 1024, 48
 BOARD = 1.12  # width of a board of the top
 EXPOSURE = 1.5
@@ -95,14 +92,14 @@ def main():
     target = model.make(coffeetable.build, "coffeetable")
     paint_all()
     normals = bake.bake(target, "NORMAL", SIZE, 8)
-    bake.save_normals(os.path.join(FOLDER, "coffeetable_norm.png"), normals)
+    bake.save_normals(png.beside(__file__, "norm"), normals)
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
     bake.paste(albedo, target, "ticket", ticket())
     bake.paste(albedo, target, "mat", mat())
     lit = bake.resize(light(target), SIZE)
     level = lit.mean(axis=2)
     lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
-    bake.save(os.path.join(FOLDER, "coffeetable_diff.png"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
+    bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
 
 
 if __name__ == "__main__":

@@ -4,16 +4,13 @@ Brick red weave with cream piping, a mustard pillow with the evening star on it 
 gingham, and somebody's good trousers. The light of an open sky, and what the cloth throws on itself, are painted in.
 """
 
-import os
-
 import bpy
 import numpy as np
 
-from kit import bake, model, parts, shapes, uv
+from kit import bake, model, parts, png, shapes, uv
 from kit.paint import Paint, flat
 from models import sofa
 
-FOLDER = os.path.dirname(os.path.abspath(__file__))
 SIZE, LIGHT_SIZE, LIGHT_SAMPLES = 2048, 1024, 96
 EXPOSURE, OPEN = 0.92, 75  # per cent of the texels that are darker than cloth in the open, whose light is 1
 FLOOR = -0.2
@@ -183,14 +180,14 @@ def light(target):
 def main():
     target = model.make(sofa.build, "sofa")
     paint_all(target)
-    bake.save_normals(os.path.join(FOLDER, "sofa_norm.png"), bake.bake(target, "NORMAL", SIZE, 8))
+    bake.save_normals(png.beside(__file__, "norm"), bake.bake(target, "NORMAL", SIZE, 8))
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
     lit = bake.resize(light(target), SIZE)
     level = lit.mean(axis=2)
     lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
-    bake.save(os.path.join(FOLDER, "sofa_diff.png"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
-    print("sofa_maps: %.0f%% of the texture used, %.0f texels a unit" % (100 * uv.density(target)[0],
-                                                                      SIZE * uv.density(target)[1]))
+    bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
+    print("sofa: %.0f%% of the texture used, %.0f texels a unit" % (100 * uv.density(target)[0],
+                                                                 SIZE * uv.density(target)[1]))
 
 
 if __name__ == "__main__":
