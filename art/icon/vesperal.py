@@ -5,7 +5,6 @@ first with the hat, the second with the glasses.  All places are pixels of the 2
 on multiples of eight wherever they can, so that they are still sharp at 32 x 32; eyes, smiles and
 buttons are for those who look closer.
 """
-import cairo
 import numpy as np
 
 from kit import poster
@@ -108,10 +107,7 @@ def straight(surface):
 
 def paint():
     """The whole icon, as an array of pixels."""
-    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, SIZE, SIZE)
-    c = cairo.Context(surface)
-    c.set_antialias(cairo.ANTIALIAS_BEST)
-    c.set_line_join(cairo.LINE_JOIN_ROUND)
+    surface, c = poster.canvas(SIZE, SIZE, opaque=False)
     draw(c, [TILE])
     within(c, DUSK, outdoors)
     draw(c, CHIMNEY + WALLS + [ROOM])

@@ -4,9 +4,6 @@ Light and colour are baked apart: light is smooth and may be denoised, colour ha
 (rows, columns, channels), the lowest row first, as Blender keeps them.
 """
 
-import os
-import tempfile
-
 import bpy
 import numpy as np
 from mathutils import Vector
@@ -148,6 +145,13 @@ def resize(values, size):
                      for k in range(values.shape[2])], -1)
 
 
+def levelled(light, share):
+    """Scales light in place, so that `share` per cent of the texels that light reaches are darker than 1."""
+    level = light.mean(axis=2)
+    light /= np.percentile(level[level > 0.05 * level.max()], share)
+    return light
+
+
 def shoulder(values):
     """Bends bright colours towards 1, which none passes; the hue stays, dark values hardly change."""
     brightest = np.maximum(values.max(axis=2, keepdims=True), 1e-6)
@@ -195,12 +199,7 @@ def save(path, values, grain=GRAIN, darkest=DARKEST, step=STEP, seed=0):
     """Writes values of 0..1 as the screen shows them, with a little grain, crushed; whole, or not at all."""
     levels = values * 255 + np.random.default_rng(seed).normal(0, grain, values.shape[:2])[..., None]
     pixels = (np.clip(levels / step + 0.5, darkest / step, 255 // step).astype(np.uint8) * step)[::-1]
-    handle, aside = tempfile.mkstemp(suffix=".png", prefix=".bake-", dir=os.path.dirname(path))
-    os.close(handle)
-    Image.fromarray(pixels).save(aside)
-    png.crush(aside)
-    os.chmod(aside, 0o644)
-    os.replace(aside, path)
+    png.save(pixels, path)
 
 
 def save_normals(path, values):

@@ -1,6 +1,7 @@
 """Meshes: making, joining, changing, reading."""
 
 import math
+from contextlib import contextmanager
 
 import bmesh
 import bpy
@@ -174,9 +175,7 @@ def smooth(target, angle=180.0):
 def corner_normals(target):
     """(face corners, 3): the normals as they will be exported."""
     target.data.calc_normals_split()
-    values = np.empty(len(target.data.loops) * 3, np.float32)
-    target.data.loops.foreach_get("normal", values)
-    return values.reshape(-1, 3)
+    return read(target.data.loops, "normal", 3)
 
 
 def set_corner_normals(target, normals):
@@ -199,9 +198,7 @@ def lean_into_light(target, lights, least, most_lean=0.7, faces=None):
     `faces`: only these.
     """
     normals = corner_normals(target)
-    numbers = np.empty(len(target.data.loops), np.int32)
-    target.data.loops.foreach_get("vertex_index", numbers)
-    places = positions(target)[numbers]
+    places = positions(target)[corner_vertices(target)]
     ways = np.stack([np.asarray(place, np.float32) - places for place, _ in lights])
     ways /= np.linalg.norm(ways, axis=2, keepdims=True)
     strengths = np.array([strength for _, strength in lights], np.float32)[:, None]
@@ -219,51 +216,49 @@ def lean_into_light(target, lights, least, most_lean=0.7, faces=None):
     return set_corner_normals(target, normals)
 
 
-def merge(target, distance=1e-5):
-    """Makes vertices that lie together one, and takes faces without area away."""
+@contextmanager
+def edited(target):
+    """The faces, edges and corners of the mesh, to be changed inside."""
     work = bmesh.new()
     work.from_mesh(target.data)
-    bmesh.ops.remove_doubles(work, verts=work.verts, dist=distance)
-    bmesh.ops.dissolve_degenerate(work, edges=work.edges, dist=distance)
+    yield work
     work.to_mesh(target.data)
     work.free()
+
+
+def merge(target, distance=1e-5):
+    """Makes vertices that lie together one, and takes faces without area away."""
+    with edited(target) as work:
+        bmesh.ops.remove_doubles(work, verts=work.verts, dist=distance)
+        bmesh.ops.dissolve_degenerate(work, edges=work.edges, dist=distance)
     return target
 
 
 def drop_doubled_faces(target):
     """Takes away faces that lie exactly where another one lies: the two would flicker."""
-    work = bmesh.new()
-    work.from_mesh(target.data)
-    seen, doubled = set(), []
-    for face in work.faces:
-        place = frozenset(tuple(round(value, 5) for value in corner.co) for corner in face.verts)
-        if place in seen:
-            doubled.append(face)
-        seen.add(place)
-    bmesh.ops.delete(work, geom=doubled, context="FACES")
-    work.to_mesh(target.data)
-    work.free()
+    with edited(target) as work:
+        seen, doubled = set(), []
+        for face in work.faces:
+            place = frozenset(tuple(round(value, 5) for value in corner.co) for corner in face.verts)
+            if place in seen:
+                doubled.append(face)
+            seen.add(place)
+        bmesh.ops.delete(work, geom=doubled, context="FACES")
     return target
 
 
 def face_outwards(target):
     """Turns all faces of closed shells so that their front is outside."""
-    work = bmesh.new()
-    work.from_mesh(target.data)
-    bmesh.ops.recalc_face_normals(work, faces=work.faces)
-    work.to_mesh(target.data)
-    work.free()
+    with edited(target) as work:
+        bmesh.ops.recalc_face_normals(work, faces=work.faces)
     return target
 
 
 def delete_faces(target, unwanted):
     """Deletes the faces for which `unwanted(face)` is true; `face.normal`, `face.calc_center_median()` help to say."""
-    work = bmesh.new()
-    work.from_mesh(target.data)
-    work.normal_update()
-    bmesh.ops.delete(work, geom=[face for face in work.faces if unwanted(face)], context="FACES")
-    work.to_mesh(target.data)
-    work.free()
+    with edited(target) as work:
+        work.normal_update()
+        bmesh.ops.delete(work, geom=[face for face in work.faces if unwanted(face)], context="FACES")
     return target
 
 
@@ -276,31 +271,35 @@ def triangulate(target, above=3):
 # --- reading ------------------------------------------------------------------------------------------------------
 
 
+def read(members, attribute, width=1, kind=np.float32):
+    """An attribute of all members of a mesh's list: (members, width), or (members,) where it is one number each."""
+    values = np.empty(len(members) * width, kind)
+    members.foreach_get(attribute, values)
+    return values.reshape(-1, width) if width > 1 else values
+
+
 def positions(target):
     """(vertices, 3)"""
-    values = np.empty(len(target.data.vertices) * 3, np.float32)
-    target.data.vertices.foreach_get("co", values)
-    return values.reshape(-1, 3)
+    return read(target.data.vertices, "co", 3)
+
+
+def corner_vertices(target):
+    """(face corners,): numbers of vertices."""
+    return read(target.data.loops, "vertex_index", kind=np.int32)
 
 
 def triangles(target):
     """(triangles, 3): numbers of vertices."""
     target.data.calc_loop_triangles()
-    values = np.empty(len(target.data.loop_triangles) * 3, np.int32)
-    target.data.loop_triangles.foreach_get("vertices", values)
-    return values.reshape(-1, 3)
+    return read(target.data.loop_triangles, "vertices", 3, np.int32)
 
 
 def triangle_loops(target):
     """(triangles, 3): numbers of face corners."""
     target.data.calc_loop_triangles()
-    values = np.empty(len(target.data.loop_triangles) * 3, np.int32)
-    target.data.loop_triangles.foreach_get("loops", values)
-    return values.reshape(-1, 3)
+    return read(target.data.loop_triangles, "loops", 3, np.int32)
 
 
 def uvs(target):
     """(face corners, 2), of the first layer."""
-    values = np.empty(len(target.data.loops) * 2, np.float32)
-    target.data.uv_layers[0].data.foreach_get("uv", values)
-    return values.reshape(-1, 2)
+    return read(target.data.uv_layers[0].data, "uv", 2)

@@ -2,6 +2,9 @@
 
 import os
 import subprocess
+import tempfile
+
+from PIL import Image
 
 
 def beside(script, part=None):
@@ -10,7 +13,21 @@ def beside(script, part=None):
     return f"{stem}_{part}.png" if part else f"{stem}.png"
 
 
-def crush(path):
+def save(pixels, path):
+    """Writes the picture, rows from above, of 8-bit colours; crushed; whole, or not at all."""
+    handle, aside = tempfile.mkstemp(suffix=".png", prefix=".png-", dir=os.path.dirname(os.path.abspath(path)))
+    os.close(handle)
+    try:
+        Image.fromarray(pixels).save(aside)
+        _crush(aside)
+        os.chmod(aside, 0o644)
+        os.replace(aside, path)
+    finally:
+        if os.path.exists(aside):
+            os.unlink(aside)
+
+
+def _crush(path):
     """Compresses a PNG file as well as can be had in half a minute; it stays the same picture. Needs optipng and
     zopflipng."""
     subprocess.run(["optipng", "-quiet", "-o2", path], check=True)

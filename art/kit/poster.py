@@ -1,4 +1,4 @@
-"""A small drawing kit for the show's posters: shapes as data, type as outlines, light, grain, safe saving.
+"""A small drawing kit for the show's posters: shapes as data, type as outlines, light, grain.
 
 A poster is drawn from tables.  One row is one shape: (kind, paint, numbers...), see SHAPES below.
 A paint is '#rrggbb', or '#rrggbb@0.4' with an opacity, or a tuple of those: a gradient from the top
@@ -7,14 +7,14 @@ of the shape to its bottom (or along an angle in degrees, if the first entry is 
 import math
 import os
 import sys
-import tempfile
 from contextlib import contextmanager
 
 try:
     import cairo
     import gi
     import numpy as np
-    from PIL import Image
+
+    from kit import png
 
     gi.require_version("Pango", "1.0")
     gi.require_version("PangoCairo", "1.0")
@@ -22,8 +22,6 @@ try:
 except (ImportError, ValueError) as missing:
     sys.exit(f"{os.path.basename(sys.argv[0])}: a Python module that draws the poster is missing: {missing} "
              "(packages python3-gi, python3-gi-cairo, gir1.2-pango-1.0, python3-numpy, python3-pil)")
-
-from kit import png
 
 
 class PosterError(Exception):
@@ -317,9 +315,9 @@ def optical_line(text, font, size, cap_height, air, least):
 
 # ---------------------------------------------------------------- start and finish
 
-def canvas(width, height):
-    """An opaque surface and a context on it that joins lines roundly."""
-    surface = cairo.ImageSurface(cairo.FORMAT_RGB24, width, height)
+def canvas(width, height, opaque=True):
+    """A surface, black or else empty, and a context on it that joins lines roundly."""
+    surface = cairo.ImageSurface(cairo.FORMAT_RGB24 if opaque else cairo.FORMAT_ARGB32, width, height)
     c = cairo.Context(surface)
     c.set_antialias(cairo.ANTIALIAS_BEST)
     c.set_line_join(cairo.LINE_JOIN_ROUND)
@@ -347,24 +345,6 @@ def add_grain(pixels, seed, step=3, cell=3):
     return (pixels + fine[..., None]).clip(0, 255).astype(np.uint8)
 
 
-def save_png(pixels, path):
-    """Write the picture beside its place and move it there whole, so that no half a file is ever found."""
-    aside = None
-    try:
-        handle, aside = tempfile.mkstemp(suffix=".png", prefix=".poster-", dir=os.path.dirname(os.path.abspath(path)))
-        with os.fdopen(handle, "wb") as out:
-            Image.fromarray(pixels).save(out, "PNG")
-        png.crush(aside)
-        os.chmod(aside, 0o644)
-        os.replace(aside, path)
-        aside = None
-    except OSError as error:
-        raise PosterError(f"cannot write {path}: {error.strerror or error}") from error
-    finally:
-        if aside and os.path.exists(aside):
-            os.unlink(aside)
-
-
 def main(fonts, paint):
     """The command line of a script that draws one picture: SCRIPT [OUT.png]; beside the script, if nothing is said."""
     script, *others = sys.argv
@@ -372,8 +352,11 @@ def main(fonts, paint):
     if len(others) > 1 or any(argument.startswith("-") for argument in others):
         print(f"usage: {name} [OUT.png]", file=sys.stderr)
         sys.exit(2)
+    out = others[0] if others else png.beside(script)
     try:
         require_fonts(fonts)
-        save_png(paint(), others[0] if others else png.beside(script))
+        png.save(paint(), out)
     except PosterError as error:
         sys.exit(f"{name}: {error}")
+    except OSError as error:
+        sys.exit(f"{name}: cannot write {out}: {error.strerror or error}")

@@ -25,12 +25,9 @@ def box(size, at=(0, 0, 0), radius=0.0, segments=3, name="box"):
 def cushion_box(size, at=(0, 0, 0), radius=0.3, belly=0.1, cuts=8, name="cushion"):
     """A box with round edges whose sides swell by `belly` in their middle: upholstery, pillows, pads."""
     made = box(size, radius=radius, segments=4, name=name)
-    work = bmesh.new()
-    work.from_mesh(made.data)
-    longest = [edge for edge in work.edges if edge.calc_length() > min(size) * 0.3]
-    bmesh.ops.subdivide_edges(work, edges=longest, cuts=cuts, use_grid_fill=True)
-    work.to_mesh(made.data)
-    work.free()
+    with mesh.edited(made) as work:
+        longest = [edge for edge in work.edges if edge.calc_length() > min(size) * 0.3]
+        bmesh.ops.subdivide_edges(work, edges=longest, cuts=cuts, use_grid_fill=True)
     half = np.asarray(size) / 2
 
     def swell(position):

@@ -65,17 +65,13 @@ def unfold(target, angle=66.0, margin=0.005):
 
 def _corners(target):
     """For each face corner the number of its face and that of its vertex."""
-    sizes = np.empty(len(target.data.polygons), np.int32)
-    target.data.polygons.foreach_get("loop_total", sizes)
-    vertices = np.empty(len(target.data.loops), np.int32)
-    target.data.loops.foreach_get("vertex_index", vertices)
-    return np.repeat(np.arange(len(sizes)), sizes), vertices
+    sizes = mesh.read(target.data.polygons, "loop_total", kind=np.int32)
+    return np.repeat(np.arange(len(sizes)), sizes), mesh.corner_vertices(target)
 
 
 def _edge_neighbours(target):
     """Pairs of faces that share an edge, each pair in both orders: (first, second)."""
-    edges = np.empty(len(target.data.loops), np.int32)
-    target.data.loops.foreach_get("edge_index", edges)
+    edges = mesh.read(target.data.loops, "edge_index", kind=np.int32)
     order = np.argsort(edges, kind="stable")
     edges, faces = edges[order], _corners(target)[0][order]
     same = edges[:-1] == edges[1:]
@@ -88,9 +84,7 @@ def wrap(target, reach=80.0, rounds=8):
     that side: large islands even on a rough surface, so few vertices twice. The islands of one side may lie over each
     other: only for models that carry no picture and need tangents alone."""
     sides = np.array([[1, 0, 0], [-1, 0, 0], [0, 1, 0], [0, -1, 0], [0, 0, 1], [0, 0, -1]], np.float32)
-    normals = np.empty(len(target.data.polygons) * 3, np.float32)
-    target.data.polygons.foreach_get("normal", normals)
-    facing = normals.reshape(-1, 3) @ sides.T
+    facing = mesh.read(target.data.polygons, "normal", 3) @ sides.T
     first, second = _edge_neighbours(target)
     around = facing.copy()
     for _ in range(rounds):

@@ -35,10 +35,7 @@ def letters_path(c):
 
 def paint():
     """White letters on black."""
-    surface, c = lettering.empty(WIDTH, HEIGHT)
-    letters_path(c)
-    lettering.swell(c, ROUNDING)
-    return lettering.mask(surface)
+    return lettering.white_letters(WIDTH, HEIGHT, letters_path, ROUNDING)
 
 
 if __name__ == "__main__":

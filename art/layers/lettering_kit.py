@@ -81,10 +81,7 @@ def swell(c, radius):
 
 def empty(width, height):
     """A surface on which nothing is painted, and a context on it that joins lines roundly."""
-    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, width, height)
-    c = cairo.Context(surface)
-    c.set_antialias(cairo.ANTIALIAS_BEST)
-    c.set_line_join(cairo.LINE_JOIN_ROUND)
+    surface, c = poster.canvas(width, height, opaque=False)
     c.set_source_rgb(1, 1, 1)
     return surface, c
 
@@ -103,6 +100,14 @@ def mask(surface):
     """White where the surface is painted, for shaders that have colours of their own."""
     _, ink = painted(surface)
     return np.repeat((ink * np.uint8(255))[..., None], 3, axis=2)
+
+
+def white_letters(width, height, letters_path, rounding):
+    """A mask of the letters whose outlines `letters_path(c)` makes the current path, grown by the rounding."""
+    surface, c = empty(width, height)
+    letters_path(c)
+    swell(c, rounding)
+    return mask(surface)
 
 
 def coloured(surface, grain_seed):

@@ -5,8 +5,6 @@ television's (12), model z the way from the open front (-9) to the wall with the
 part of it; `art/textures/room_diff.py` paints its shadows.
 """
 
-import math
-
 from kit import mesh, model, parts, shapes, uv
 
 import models.room_kit as room

@@ -8,7 +8,6 @@ everything else shares a narrow strip at its right border, which has to be black
 import math
 
 import numpy as np
-from mathutils import Vector
 
 from kit import mesh, model, sdf, shapes, uv
 

@@ -4,7 +4,6 @@ Painted texel by texel in numpy, each leaf in its own patch: veins, two tones be
 reach the foot of the leaf.
 """
 
-import bpy
 import numpy as np
 
 from kit import bake, png
@@ -150,26 +149,14 @@ def paint_stem(picture, generator):
     canvas.place(picture, flesh, np.ones(canvas.shape, bool))
 
 
-def save(picture, path):
-    """Writes the picture in the steps that the encoder keeps, and as small as it goes without loss."""
-    image = bpy.data.images.new("picture", picture.shape[1], picture.shape[0], alpha=False)
-    image.colorspace_settings.name = "Non-Color"
-    texels = np.ones((*picture.shape[:2], 4), np.float32)
-    coarse = np.rint(np.clip(picture[::-1], 0, 252) / bake.STEP) * bake.STEP
-    texels[..., :3] = coarse / 255
-    image.pixels.foreach_set(texels.ravel())
-    image.filepath_raw, image.file_format = path, "PNG"
-    image.save()
-    png.crush(path)
-
-
 def main():
     picture = np.zeros((SIZE, SIZE, 3), np.float64)
     generator = np.random.default_rng(7)
     for leaf in LEAVES.values():
         paint_leaf(picture, leaf, generator)
     paint_stem(picture, generator)
-    save(picture, png.beside(__file__))
+    coarse = np.rint(np.clip(picture, 0, 252) / bake.STEP) * bake.STEP  # the steps that the encoder keeps
+    png.save(coarse.astype(np.uint8), png.beside(__file__))
     print(f"bigplant: {(picture.any(axis=-1)).mean():.0%} of the picture is leaf")
 
 

@@ -4,8 +4,6 @@ Teak in boards, brass shoes, a glazed bowl; rings where bottles stood beside the
 that stands on the table and that the table throws on itself.
 """
 
-import numpy as np
-
 from kit import bake, model, png, poster, shapes
 from kit.paint import Paint, flat
 from kit.poster import draw, write
@@ -96,9 +94,7 @@ def main():
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
     bake.paste(albedo, target, "ticket", ticket())
     bake.paste(albedo, target, "mat", mat())
-    lit = bake.resize(light(target), SIZE)
-    level = lit.mean(axis=2)
-    lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
+    lit = bake.levelled(bake.resize(light(target), SIZE), OPEN)
     bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
 
 

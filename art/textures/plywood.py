@@ -7,7 +7,7 @@ and the shadows that all of it throws on itself and the set on its top.
 import numpy as np
 
 from kit import bake, model, png, shapes
-from kit.paint import Paint, flat
+from kit.paint import flat
 from models import tvtable
 from textures import furniture_kit as furniture
 from textures.wood_kit import wood
@@ -65,9 +65,7 @@ def main():
     paint_all()
     bake.save_normals(png.beside(__file__, "norm"), bake.bake(target, "NORMAL", SIZE, 8))
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
-    lit = bake.resize(light(target), SIZE)
-    level = lit.mean(axis=2)
-    lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
+    lit = bake.levelled(bake.resize(light(target), SIZE), OPEN)
     bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
 
 

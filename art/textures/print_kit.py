@@ -62,5 +62,4 @@ def save(pixels, path, seed):
     """Writes the texture with grain, nothing black, crushed."""
     grained = poster.add_grain(np.clip(np.rint(pixels), 0, 255).astype(np.int16), seed)
     coarse = np.clip((grained + bake.STEP // 2) // bake.STEP * bake.STEP, DARKEST, 252)
-    poster.save_png(coarse.astype(np.uint8), path)
-    png.crush(path)
+    png.save(coarse.astype(np.uint8), path)

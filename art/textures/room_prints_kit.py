@@ -8,10 +8,8 @@ import math
 from kit import poster
 from kit.poster import draw, glow, write
 
-POSTER_FONT, SIGN_FONT, NUMBER_FONT = "League Spartan Black", "League Spartan Bold", "Bebas Neue Bold"
-SCRIPT_FONT = "Leckerli One"
-FONTS = {POSTER_FONT: "fonts-league-spartan", SIGN_FONT: "fonts-league-spartan", NUMBER_FONT: "fonts-bebas-neue",
-         SCRIPT_FONT: "fonts-leckerli-one"}
+POSTER_FONT, SIGN_FONT = "League Spartan Black", "League Spartan Bold"
+FONTS = {POSTER_FONT: "fonts-league-spartan", SIGN_FONT: "fonts-league-spartan"}
 
 CREAM, PAPER, MUSTARD, BRICK, WINE = "#fff0cf", "#f6dfb4", "#efb23e", "#d4512f", "#6e2536"
 TEAL, DEEP_TEAL, MIDNIGHT, LEAF, ROSE = "#36888c", "#1f5a68", "#17244a", "#4f8f55", "#d98a7c"

@@ -182,9 +182,7 @@ def main():
     paint_all(target)
     bake.save_normals(png.beside(__file__, "norm"), bake.bake(target, "NORMAL", SIZE, 8))
     albedo = bake.bake(target, "DIFFUSE", SIZE, 8, {"COLOR"})
-    lit = bake.resize(light(target), SIZE)
-    level = lit.mean(axis=2)
-    lit /= np.percentile(level[level > 0.05 * level.max()], OPEN)
+    lit = bake.levelled(bake.resize(light(target), SIZE), OPEN)
     bake.save(png.beside(__file__, "diff"), bake.to_screen(bake.shoulder(albedo * lit * EXPOSURE)))
     print("sofa: %.0f%% of the texture used, %.0f texels a unit" % (100 * uv.density(target)[0],
                                                                  SIZE * uv.density(target)[1]))

@@ -108,7 +108,7 @@ def main():
     canvas = np.zeros((SIZE, SIZE, 3), np.uint8)
     card = np.maximum(poster.add_grain(picture(last - first), 1), 10)
     canvas[SIZE - last:SIZE - first, first:last] = card
-    poster.save_png(canvas, png.beside(__file__))
+    png.save(canvas, png.beside(__file__))
     print(f"tv_emit: {card.mean():.0f} of 255 on average")
 
 
