@@ -195,11 +195,15 @@ def paste(canvas, target, part, picture):
     return canvas
 
 
-def save(path, values, grain=GRAIN, darkest=DARKEST, step=STEP, seed=0):
+def coarse(levels, darkest=DARKEST):
+    """Levels of 0..255 as 8-bit values in the steps that the encoder keeps, none below `darkest`."""
+    return np.clip(levels / STEP + 0.5, darkest / STEP, 255 // STEP).astype(np.uint8) * STEP
+
+
+def save(path, values, grain=GRAIN, darkest=DARKEST, seed=0):
     """Writes values of 0..1 as the screen shows them, with a little grain, crushed; whole, or not at all."""
     levels = values * 255 + np.random.default_rng(seed).normal(0, grain, values.shape[:2])[..., None]
-    pixels = (np.clip(levels / step + 0.5, darkest / step, 255 // step).astype(np.uint8) * step)[::-1]
-    png.save(pixels, path)
+    png.save(coarse(levels, darkest)[::-1], path)
 
 
 def save_normals(path, values):

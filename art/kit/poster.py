@@ -332,6 +332,9 @@ def picture(surface):
     return pixels[:, :width, 2::-1].copy()
 
 
+FINE = 2  # side of a cell of grain on the textures of models; lettering and poster have coarser grain and smaller files
+
+
 def add_grain(pixels, seed, step=3, cell=3):
     """Grain in brightness alone, against bands in gradients.
 

@@ -7,7 +7,6 @@ import numpy as np
 from kit import bake, model, png, poster
 
 SIZE = 2048
-DARKEST = 8  # of a channel: the encoder keeps pure black for holes
 BAKED = SIZE // 4  # shade is smooth, and speckle costs time
 WARMTH = np.array((0.92, 1.0, 1.06))  # shade keeps more red than blue
 
@@ -60,6 +59,5 @@ def lay(surface, left, top, pixels):
 
 def save(pixels, path, seed):
     """Writes the texture with grain, nothing black, crushed."""
-    grained = poster.add_grain(np.clip(np.rint(pixels), 0, 255).astype(np.int16), seed)
-    coarse = np.clip((grained + bake.STEP // 2) // bake.STEP * bake.STEP, DARKEST, 252)
-    png.save(coarse.astype(np.uint8), path)
+    grained = poster.add_grain(np.clip(np.rint(pixels), 0, 255).astype(np.int16), seed, cell=poster.FINE)
+    png.save(bake.coarse(grained), path)

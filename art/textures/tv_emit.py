@@ -6,7 +6,7 @@ Only the rectangle that the glass covers is lit; the rest is exactly black, beca
 import cairo
 import numpy as np
 
-from kit import png, poster
+from kit import bake, png, poster
 from kit.poster import draw, glow, placed, write
 from models.tv import LIT, SCREEN_SIZE
 
@@ -106,7 +106,7 @@ def main():
     poster.require_fonts(FONTS)
     first, last = (round(edge * SIZE) + over for edge, over in zip(LIT, (-BLEED, BLEED)))
     canvas = np.zeros((SIZE, SIZE, 3), np.uint8)
-    card = np.maximum(poster.add_grain(picture(last - first), 1), 10)
+    card = bake.coarse(poster.add_grain(picture(last - first), 1, cell=poster.FINE))
     canvas[SIZE - last:SIZE - first, first:last] = card
     png.save(canvas, png.beside(__file__))
     print(f"tv_emit: {card.mean():.0f} of 255 on average")
