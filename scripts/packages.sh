@@ -1,30 +1,26 @@
-# shellcheck shell=bash
-# What the project needs from Debian 12, and how it gets there. Sourced by play and check.
+# shellcheck shell=bash disable=SC2034
+# What the project needs from Debian 12, and how it gets there. Sourced by every script that installs or builds; none
+# uses all lists.
 
 build_packages=(
     cmake g++ ninja-build pkg-config
     libassimp-dev libcli11-dev libfmt-dev libgl-dev libglew-dev libglm-dev libglu1-mesa-dev libsdl2-dev
     libsdl2-mixer-dev libspng-dev libsquish-dev libstb-dev libvorbis-dev
     libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
-# shellcheck disable=SC2034  # used by play
 video_packages=(ffmpeg)
 test_packages=(ffmpeg libgmock-dev libgtest-dev python3-gi python3-numpy vorbis-tools)
 lint_packages=(clang-format clang-tidy shellcheck)
-# shellcheck disable=SC2034  # used by art/build
 art_packages=(
     bc blender csound ffmpeg fonts-bebas-neue fonts-league-spartan fonts-leckerli-one fonts-yanone-kaffeesatz
     gir1.2-pango-1.0 optipng python3-gi python3-gi-cairo python3-numpy python3-openvdb python3-pil vorbis-tools zopfli)
 
-# shellcheck disable=SC2034  # used by dist/libraries
 library_packages=(
     dpkg-dev libasound2-dev libdbus-1-dev libdecor-0-dev libegl-dev libgles-dev libibus-1.0-dev libminizip-dev
     libpipewire-0.3-dev libpulse-dev libudev-dev libutfcpp-dev libwayland-dev libx11-dev libxcursor-dev libxext-dev
     libxfixes-dev libxi-dev libxkbcommon-dev libxrandr-dev libxss-dev wayland-protocols zlib1g-dev)
 
-# shellcheck disable=SC2034  # used by release
 dist_packages=(binutils desktop-file-utils git libtree python3 unzip xz-utils zip)
 
-# shellcheck disable=SC2034  # used by dist/clean_start
 clean_start_packages=(debootstrap strace xvfb)
 
 # require PACKAGE...: installs those that are missing, having said which.
