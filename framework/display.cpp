@@ -43,7 +43,8 @@ Display::~Display()
 void Display::initSdl()
 {
     if (SDL_Init(SDL_INIT_VIDEO) < 0) {
-        throw Exception(std::string("SDL_Init failed") + SDL_GetError()); // no separator: the text is so
+        // Without a separator: whoever looks for the text finds it by its letters.
+        throw Exception(std::string("SDL_Init failed") + SDL_GetError());
     }
 }
 

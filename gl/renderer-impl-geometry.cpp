@@ -138,7 +138,9 @@ void RendererImpl::deleteProgram(ShaderProgram& program)
 void RendererImpl::deleteVertexArray(VertexArray& vertexArray)
 {
     const auto name = static_cast<GLuint>(vertexArray.get());
-    glDeleteBuffers(1, &name); // by its name as a buffer: meant so
+    // Of buffers: the array's own name stays in the list that the destructor deletes. Freed here, it could be
+    // that of another array by then.
+    glDeleteBuffers(1, &name);
     vertexArray = VertexArray();
 }
 

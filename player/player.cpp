@@ -58,7 +58,7 @@ bool handleEvents()
 int main()
 {
     zund::GLWrapper gl;
-    SDL_ShowCursor(0); // ahead of SDL's start, on purpose
+    SDL_ShowCursor(0); // before SDL has started: behind the display it would come after the first picture
     tolv::Display display(gl, "1080p", true, true, true);
     const tolv::SyncDevice sync("assets/sync", 128.0, 16);
     Mixer mixer;

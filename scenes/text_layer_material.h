@@ -19,7 +19,8 @@ public:
                                                                    double time) override;
 
 private:
-    [[maybe_unused]] float aspect;          ///< kept, not used
-    [[maybe_unused]] zund::Uniform uniform; ///< never looked up, on purpose
+    [[maybe_unused]] float aspect; ///< kept, not used
+    [[maybe_unused]] zund::Uniform
+        uniform; ///< never looked up: that would be another call to the driver for each layer
     zund::Uniform timeUniform;
 };

@@ -48,7 +48,7 @@ double interpolate(const sync_key& k0, const sync_key& k1, double row)
 {
     const double t = (row - k0.row) / static_cast<double>(subtract_rows(k1.row, k0.row));
     const double start = k0.value;
-    // At the keys' own precision on purpose; only the result is widened.
+    // At the keys' own precision: a difference taken in doubles has other last bits, and every curve with it.
     const float difference = k1.value - k0.value;
     const double delta = difference;
     switch (k0.type) {

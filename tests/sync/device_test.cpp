@@ -195,7 +195,8 @@ TEST(SyncCreateDevice, RefusesNoPath)
     const WatchedCLibrary watched;
     EXPECT_EQ(sync_create_device(nullptr), nullptr);
     ASSERT_EQ(cLibrary.mallocResults.size(), 1U);
-    std::free(cLibrary.mallocResults[0]); // the record, left behind on purpose
+    std::free(
+        cLibrary.mallocResults[0]); // the record, which the device leaves behind: a leak to the sanitizer
 }
 
 TEST(SyncCreateDevice, RefusesAnAbsolutePath)
@@ -203,7 +204,8 @@ TEST(SyncCreateDevice, RefusesAnAbsolutePath)
     const WatchedCLibrary watched;
     EXPECT_EQ(sync_create_device("/tmp/x"), nullptr);
     ASSERT_EQ(cLibrary.mallocResults.size(), 1U);
-    std::free(cLibrary.mallocResults[0]); // the record, left behind on purpose
+    std::free(
+        cLibrary.mallocResults[0]); // the record, which the device leaves behind: a leak to the sanitizer
 }
 
 TEST(SyncCreateDevice, TakesAnEmptyPathAndOneWithALaterSlash)
@@ -446,7 +448,7 @@ TEST_F(SyncGetTrack, GivesNullWithoutMemoryForTheListAndKeepsTheListAsItWas)
     EXPECT_EQ(device->num_tracks, 1U);
     EXPECT_EQ(sync_get_track(device.get(), "kept"), kept);
     ASSERT_EQ(cLibrary.strdupResults.size(), 1U);
-    std::free(cLibrary.strdupResults[0]); // the name, left behind on purpose
+    std::free(cLibrary.strdupResults[0]); // the name, which the device leaves behind: a leak to the sanitizer
 }
 
 TEST_F(SyncGetTrack, IgnoresWhatFollowsTheLastKey)

@@ -66,7 +66,7 @@ TEST_F(SyncDeviceTest, RefusesAnAbsolutePathAndSaysNothing)
                 StrEq("Failed to initialize rocket sync device"));
     EXPECT_THAT(testing::internal::GetCapturedStdout(), StrEq(""));
     for (void* record : cLibrary.mallocResults) {
-        std::free(record); // the device's, left behind on purpose
+        std::free(record); // the device's, which it leaves behind: a leak to the sanitizer
     }
 }
 
@@ -94,7 +94,7 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheListOfTracks)
     cLibrary.reallocsBeforeFailure = 0;
     EXPECT_THAT(messageOf([&] { device.getTrack("scene"); }), StrEq("Rocket could not get track: scene"));
     ASSERT_EQ(cLibrary.strdupResults.size(), 1U);
-    std::free(cLibrary.strdupResults[0]); // the name, left behind on purpose
+    std::free(cLibrary.strdupResults[0]); // the name, which the device leaves behind: a leak to the sanitizer
 }
 
 TEST_F(SyncDeviceTest, GivesOneUnderlyingTrackForOneName)

@@ -24,7 +24,8 @@ struct ModelRules {
     /// Edges with a face on one side only that the model does not hide itself: at most, or `anyNumber`. Back
     /// faces are drawn, but lit wrongly.
     std::size_t openEdges = 0;
-    bool leaningNormals = false; ///< on purpose, towards lamps, so that they don't tell its outside
+    bool leaningNormals =
+        false; ///< towards lamps: they don't tell its outside, and judged by them it would be inside out
 };
 
 /// What of a model is measured, in its own units.
