@@ -61,27 +61,55 @@ std::string missingModels(const std::string& assetsName)
     return missing.empty() ? "" : fmt::format("; these are missing: {}", fmt::join(missing, ", "));
 }
 
+/// The transforms of a scene's items as they were constructed.
+///
+/// Items keep position, orientation and scale in one matrix, which their setters take apart and put together
+/// again: each update rounds what the one before left. The show plays from its start, so that this is part of
+/// it; a tool draws any frame after any other, and each has to come out as if it was the first.
+class ConstructedTransforms {
+public:
+    explicit ConstructedTransforms(lumeth::Scene& scene)
+    {
+        scene.getGraph().visit(
+            [this](Node* /*parent*/, Node* node) { kept.emplace_back(node, node->value.localMatrix); });
+    }
+
+    void restore() const
+    {
+        for (const auto& [node, matrix] : kept) {
+            node->value.localMatrix = matrix;
+        }
+    }
+
+private:
+    using Node = tree::Node<lumeth::DisplayListItem>;
+
+    std::vector<std::pair<Node*, glm::mat4>> kept; ///< nodes stay where they are as long as their scene
+};
+
 /// A scene on the heap: scenes have no virtual destructor, and are to be deleted as what they are.
 template<typename Scene>
 struct Holder {
     Holder(zund::Renderer& renderer, const pack::Packfile& pack, const tolv::SyncDevice& sync,
            std::pair<int, int> size)
-        : scene(renderer, pack, sync, size)
+        : scene(renderer, pack, sync, size), transforms(scene.scene)
     {
     }
 
     Scene scene;
+    ConstructedTransforms transforms;
 };
 
 template<>
 struct Holder<CreditsScene> {
     Holder(zund::Renderer& renderer, const pack::Packfile& pack, const tolv::SyncDevice& /*sync*/,
            std::pair<int, int> size)
-        : scene(renderer, pack, size)
+        : scene(renderer, pack, size), transforms(scene.scene)
     {
     }
 
     CreditsScene scene;
+    ConstructedTransforms transforms;
 };
 
 } // namespace
@@ -135,6 +163,7 @@ Stage::Drawer Stage::makeDrawer()
     // Shared, as functions can be copied.
     auto holder = std::make_shared<Holder<Scene>>(renderer, *pack, sync, sizeOf(window));
     return [this, holder = std::move(holder)](double time) {
+        holder->transforms.restore();
         holder->scene.update(renderer, time, sync);
         holder->scene.scene.draw(renderer, time);
     };

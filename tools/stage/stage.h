@@ -12,7 +12,7 @@
 namespace tools::stage {
 
 /// The scenes of the show, drawn by the show's own code. Each is made when it is first drawn, from the folder
-/// "assets" in the working directory.
+/// "assets" in the working directory. A picture depends on scene and time alone, whatever was drawn before.
 class Stage {
 public:
     /// Opens the pack. `window` must outlive the stage; errors call the folder `assetsName`.
