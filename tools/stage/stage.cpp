@@ -183,6 +183,7 @@ Stage::Drawer Stage::makeDrawer(float scene)
         {catalogue::scenes::toilet.number, &Stage::makeDrawer<ToiletScene>},
         {catalogue::scenes::people.number, &Stage::makeDrawer<PeopleScene>},
     };
+    static_assert(std::size(rows) == std::size(catalogue::allScenes), "a scene has no row here");
     for (const Row& row : rows) {
         if (row.scene != scene) {
             continue;
