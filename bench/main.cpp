@@ -1,8 +1,9 @@
+#include "tools/common/quiet_output.h"
+
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
 #include <unistd.h>
 
 /// Runs all benchmarks in the folder of the show, on its real assets.
@@ -18,13 +19,11 @@ int main(int argc, char** argv)
     }
     // What models and sync device say would tear the table apart; the reporter gets a stream of its own.
     std::ostream table(std::cout.rdbuf());
-    std::ostringstream unheard;
-    std::cout.rdbuf(unheard.rdbuf());
+    const tools::QuietOutput quiet;
     benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
     reporter.SetOutputStream(&table);
     reporter.SetErrorStream(&std::cerr);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
-    std::cout.rdbuf(table.rdbuf());
     return 0;
 }

@@ -6,7 +6,6 @@
 #include "tools/capture/parts_folder.h"
 #include "tools/capture/piece_recorder.h"
 #include "tools/common/error.h"
-#include "tools/common/quiet_output.h"
 #include "tools/stage/stage_folder.h"
 #include "tools/video/cancel_signals.h"
 
@@ -65,7 +64,6 @@ void recordMissing(const std::vector<video::VideoTag>& pieces, const PartsFolder
 std::vector<video::VideoTag> filmPieces(const FilmOptions& options, video::VideoTag tag,
                                         const PartsFolder& parts)
 {
-    const QuietOutput quiet;
     const stage::StageFolder folder(options.assets, {});
     stage::HiddenWindow window(options.format.size);
     stage::Stage stage(window, options.assets.string());

@@ -17,7 +17,6 @@
 #include <CLI/Formatter.hpp>
 #include <filesystem>
 #include <fmt/format.h>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -68,20 +67,6 @@ struct Options {
     std::vector<std::string> set;
     std::string eye;
     std::string target;
-};
-
-/// While it lives, what the show says on standard output goes to standard error: it must not get into a
-/// picture.
-class QuietOutput {
-public:
-    QuietOutput() : before(std::cout.rdbuf(std::cerr.rdbuf())) {}
-    ~QuietOutput() { std::cout.rdbuf(before); }
-
-    QuietOutput(const QuietOutput&) = delete;
-    QuietOutput& operator=(const QuietOutput&) = delete;
-
-private:
-    std::streambuf* before;
 };
 
 /// The position that the command line asks for, in seconds. Throws without one, but for `fallback`.
@@ -326,7 +311,6 @@ int main(int argc, char** argv)
     addJoinOptions(*join, options);
 
     return tools::runTool(app, argc, argv, [&] {
-        const QuietOutput quiet;
         if (still->parsed()) {
             captureStill(options);
         } else if (sheet->parsed()) {

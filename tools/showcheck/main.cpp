@@ -2,7 +2,6 @@
 #include "sync/syncdevice.h"
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
-#include "tools/common/quiet_output.h"
 #include "tools/showcheck/camera_path.h"
 #include "tools/showcheck/findings.h"
 #include "tools/showcheck/flashes.h"
@@ -163,7 +162,6 @@ tools::showcheck::Findings check(const Options& options)
 {
     const tools::video::VideoFormat format{tools::stage::parsePictureSize("--size", options.size),
                                            tools::video::parseFps(options.fps)};
-    const tools::QuietOutput quiet;
     const tools::stage::StageFolder folder(options.assets, {});
     Viewer viewer(options.assets.string(), format);
     const RowRange rows = readRange(options, viewer.stage());

@@ -2,6 +2,7 @@
 
 #include "pack/packfile.h"
 #include "sync/syncdevice.h"
+#include "tools/common/quiet_output.h"
 #include "tools/stage/hidden_window.h"
 
 #include <functional>
@@ -13,6 +14,9 @@ namespace tools::stage {
 
 /// The scenes of the show, drawn by the show's own code. Each is made when it is first drawn, from the folder
 /// "assets" in the working directory. A picture depends on scene and time alone, whatever was drawn before.
+///
+/// What the show's code says to `std::cout` is not heard while a stage lives: standard output is the tool's.
+/// Of two stages the later one goes first.
 class Stage {
 public:
     /// Opens the pack. `window` must outlive the stage; errors call the folder `assetsName`.
@@ -45,6 +49,7 @@ private:
     Drawer makeDrawer();
     Drawer makeDrawer(float scene);
 
+    QuietOutput quiet; ///< stands first, as the sync device speaks when it goes too
     HiddenWindow& window;
     zund::Renderer& renderer; ///< that the scenes draw by
     std::string assetsName;

@@ -1,6 +1,5 @@
 #include "tools/showcheck/near_plane_probe.h"
 
-#include "tools/common/quiet_output.h"
 #include "tools/stage/hidden_window.h"
 #include "tools/stage/stage.h"
 #include "tools/stage/stage_folder.h"
@@ -49,7 +48,6 @@ Overrides tracksOf(const Moment& moment)
 
 class NearPlaneProbe : public testing::TestWithParam<Moment> {
 protected:
-    tools::QuietOutput quiet;
     tools::stage::StageFolder folder{SHOW_ASSETS, tracksOf(GetParam())};
     tools::stage::HiddenWindow window{size};
     tools::showcheck::NearPlaneProbe probe{window.renderer(), size};
