@@ -122,9 +122,9 @@ std::vector<video::VideoPart> readFilm(const std::vector<fs::path>& files, const
     return parts;
 }
 
-void joinParts(const std::vector<fs::path>& files, const FilmOptions& options)
+void joinParts(const JoinOptions& options)
 {
-    const std::vector<video::VideoPart> parts = readFilm(files, options.assets);
+    const std::vector<video::VideoPart> parts = readFilm(options.parts, options.assets);
     std::vector<fs::path> inOrder;
     inOrder.reserve(parts.size());
     for (const video::VideoPart& part : parts) {
@@ -151,13 +151,13 @@ void film(const FilmOptions& options)
     }
 }
 
-void joinFilm(const std::vector<fs::path>& parts, const FilmOptions& options)
+void joinFilm(const JoinOptions& options)
 {
     checkOutput(options.output, options.overwrite);
     video::checkFfmpeg();
     const video::CancelSignals signals;
     try {
-        joinParts(parts, options);
+        joinParts(options);
     } catch (const video::Cancelled&) {
         throw Error(options.output.string(), "cancelled; nothing is left of it");
     }

@@ -21,6 +21,14 @@ struct FilmOptions {
     bool overwrite = false;            ///< an existing file
 };
 
+/// What to join to a film, and where that goes.
+struct JoinOptions {
+    std::vector<std::filesystem::path> parts; ///< in any order
+    std::filesystem::path output;             ///< NAME.mp4
+    std::filesystem::path assets;             ///< the folder that the parts were drawn from
+    bool overwrite = false;                   ///< an existing file
+};
+
 /// Films the show: a video with its music, or without sound a share of one. Frame i of the show stands at
 /// i/fps; a film holds the frames from `fromRow` on, before `toRow`.
 ///
@@ -31,6 +39,6 @@ void film(const FilmOptions& options);
 
 /// Joins the shares of a film to the film, without encoding pictures again, and adds the music. Throws as
 /// `film` does.
-void joinFilm(const std::vector<std::filesystem::path>& parts, const FilmOptions& options);
+void joinFilm(const JoinOptions& options);
 
 } // namespace tools::capture
