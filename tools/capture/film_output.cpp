@@ -1,7 +1,7 @@
 #include "tools/capture/film_output.h"
 
+#include "tools/common/atomic_file.h"
 #include "tools/common/error.h"
-#include "tools/video/new_file.h"
 #include "tools/video/probe.h"
 
 #include <cstdio>
@@ -22,15 +22,16 @@ void checkOutput(const fs::path& output, bool overwrite)
     if (fs::exists(output) && !overwrite) {
         throw Error(output.string(), "is there already; --overwrite replaces it");
     }
-    const video::NewFile trial(output); // before hours are spent on it
+    const AtomicFile trial(output); // before hours are spent on it
 }
 
 void finishFilm(const std::vector<fs::path>& pieces, const video::VideoTag& tag,
                 const std::optional<video::MusicCut>& music, const fs::path& output)
 {
-    video::NewFile file(output);
-    video::joinFiles(pieces, music, tag.format.fps, video::writeTag(tag), file.aside());
-    video::checkVideo(video::probe(file.aside()), output, tag.format, tag.frames.count(), music.has_value());
+    AtomicFile file(output);
+    video::joinFiles(pieces, music, tag.format.fps, video::writeTag(tag), file.temporary());
+    video::checkVideo(video::probe(file.temporary()), output, tag.format, tag.frames.count(),
+                      music.has_value());
     file.commit();
     fmt::print(stderr, "{}: {} frames of {}x{}, {} a second, {:.3f} seconds{}\n", output.string(),
                tag.frames.count(), tag.format.size.width, tag.format.size.height, tag.format.fps,

@@ -3,7 +3,6 @@
 #include "tools/common/atomic_file.h"
 #include "tools/common/error.h"
 #include "tools/video/join.h"
-#include "tools/video/new_file.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -29,7 +28,7 @@ PartsFolder::PartsFolder(const std::filesystem::path& video)
         throw Error(name, "another capture is at work in it");
     }
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (entry.path().filename().string().starts_with(video::asidePrefix)) {
+        if (entry.path().filename().string().starts_with(AtomicFile::temporaryPrefix)) {
             std::filesystem::remove(entry.path());
         }
     }

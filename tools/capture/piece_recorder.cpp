@@ -1,7 +1,7 @@
 #include "tools/capture/piece_recorder.h"
 
+#include "tools/common/atomic_file.h"
 #include "tools/video/cancel_signals.h"
-#include "tools/video/new_file.h"
 #include "tools/video/probe.h"
 
 #include <algorithm>
@@ -34,11 +34,11 @@ void PieceRecorder::record(const video::VideoTag& tag, const std::filesystem::pa
 {
     makeScenes(tag.frames);
     const Clock::time_point start = Clock::now();
-    video::NewFile file(target);
-    video::VideoEncoder encoder(format, file.aside(), video::writeTag(tag));
+    AtomicFile file(target);
+    video::VideoEncoder encoder(format, file.temporary(), video::writeTag(tag));
     const std::vector<double> took = encode(tag.frames, encoder, progress);
     encoder.finish();
-    video::checkVideo(video::probe(file.aside()), target, format, tag.frames.count(), false);
+    video::checkVideo(video::probe(file.temporary()), target, format, tag.frames.count(), false);
     file.commit();
     frames += tag.frames.count();
     seconds += secondsSince(start);

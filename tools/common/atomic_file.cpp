@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -13,14 +14,6 @@
 namespace tools {
 
 namespace {
-
-/// A name that no other file in the folder has, nor another thread or process takes.
-std::filesystem::path asideOf(const std::filesystem::path& path)
-{
-    static std::atomic<unsigned> count = 0;
-    // Not the full name: one of 255 characters leaves no room for more.
-    return path.parent_path() / (".new-" + std::to_string(getpid()) + "-" + std::to_string(count++));
-}
 
 bool writeAll(int file, std::string_view bytes)
 {
@@ -44,44 +37,64 @@ bool writeAll(int file, std::string_view bytes)
 
 } // namespace
 
-AtomicFile::AtomicFile(std::filesystem::path target, std::string_view bytes)
-    : path(std::move(target)), aside(asideOf(path))
+AtomicFile::AtomicFile(std::filesystem::path target, std::string_view bytes) : target(std::move(target))
 {
-    const int file = open(aside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file == -1) {
-        fail(path, errno);
-    }
-    const bool written = writeAll(file, bytes);
-    int code = errno;
-    const bool closed = close(file) == 0;
-    if (written && closed) {
-        return;
-    }
-    if (written) {
+    const int file = createTemporary({});
+    int code = writeAll(file, bytes) ? 0 : errno;
+    if (close(file) == -1 && code == 0) {
         code = errno;
     }
-    unlink(aside.c_str()); // the destructor does not run
-    fail(path, code);
+    if (code != 0) {
+        unlink(temporaryPath.c_str()); // the destructor does not run
+        fail(this->target, code);
+    }
+}
+
+AtomicFile::AtomicFile(std::filesystem::path target) : target(std::move(target))
+{
+    close(createTemporary(this->target.extension()));
 }
 
 AtomicFile::~AtomicFile()
 {
-    if (!aside.empty()) {
-        unlink(aside.c_str());
+    if (!temporaryPath.empty()) {
+        unlink(temporaryPath.c_str());
     }
 }
 
 AtomicFile::AtomicFile(AtomicFile&& other) noexcept
-    : path(std::move(other.path)), aside(std::exchange(other.aside, {}))
+    : target(std::move(other.target)), temporaryPath(std::exchange(other.temporaryPath, {}))
 {
 }
 
 void AtomicFile::commit()
 {
-    if (rename(aside.c_str(), path.c_str()) == -1) {
-        fail(path, errno);
+    if (rename(temporaryPath.c_str(), target.c_str()) == -1) {
+        fail(target, errno);
     }
-    aside.clear();
+    temporaryPath.clear();
+}
+
+/// Makes the temporary file, of a name that no other in the folder has, nor another thread or process takes.
+int AtomicFile::createTemporary(const std::filesystem::path& ending)
+{
+    static std::atomic<unsigned> count = 0;
+    std::error_code ignored; // which opening the file will run into too
+    if (std::filesystem::is_directory(target, ignored)) {
+        fail(target, EISDIR); // now, as renaming would after the work
+    }
+    int file = -1;
+    do {
+        // Not the full name: one of 255 characters leaves no room for more.
+        const std::string name = fmt::format("{}{}-{}", temporaryPrefix, getpid(), count++);
+        temporaryPath = std::filesystem::absolute(target.parent_path() / name);
+        temporaryPath += ending;
+        file = open(temporaryPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (file == -1 && errno == EEXIST); // left behind by a process that was killed
+    if (file == -1) {
+        fail(target, errno);
+    }
+    return file;
 }
 
 void makeFolder(const std::filesystem::path& path)

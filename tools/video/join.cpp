@@ -3,7 +3,6 @@
 #include "tools/common/atomic_file.h"
 #include "tools/common/error.h"
 #include "tools/video/child_process.h"
-#include "tools/video/new_file.h"
 #include "tools/video/video_encoder.h"
 
 #include <algorithm>
@@ -109,9 +108,9 @@ std::vector<VideoPart> fitTogether(std::vector<VideoPart> parts)
 void joinFiles(const std::vector<std::filesystem::path>& files, const std::optional<MusicCut>& music, int fps,
                const std::string& comment, const std::filesystem::path& output)
 {
-    const NewFile list(output.string() + ".txt"); // never gets its name
+    const AtomicFile list(output.string() + ".txt"); // never gets its name
     {
-        std::ofstream stream(list.aside());
+        std::ofstream stream(list.temporary());
         for (const std::filesystem::path& file : files) {
             stream << listLine(file);
         }
@@ -121,7 +120,7 @@ void joinFiles(const std::vector<std::filesystem::path>& files, const std::optio
     }
     std::vector<std::string> command = {
         "ffmpeg", "-nostdin", "-hide_banner", "-v", "error", "-y",
-        "-f",     "concat",   "-safe",        "0",  "-i",    "file:" + list.aside().string()};
+        "-f",     "concat",   "-safe",        "0",  "-i",    "file:" + list.temporary().string()};
     const auto add = [&](std::initializer_list<std::string> arguments) {
         command.insert(command.end(), arguments);
     };

@@ -138,7 +138,7 @@ TEST_F(CaptureVideo, DrawsPiecesAgainThatAreNotWhatTheyShouldBe)
 {
     std::filesystem::create_directory("out.mp4.parts");
     write("out.mp4.parts/000000-000010.mp4", "text");
-    write("out.mp4.parts/.new-1-v1.mp4", "left behind");
+    write("out.mp4.parts/.new-1-1.mp4", "left behind");
     const ToolResult result = video("--to 0:1 out.mp4");
     ASSERT_EQ(result.status, 0) << result.error;
     EXPECT_THAT(result.error, Not(HasSubstr("from an earlier run")));

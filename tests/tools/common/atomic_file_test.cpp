@@ -8,9 +8,11 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 using testing::ElementsAre;
+using testing::StartsWith;
 using testing::ThrowsMessage;
 using tools::AtomicFile;
 using tools::Error;
@@ -45,6 +47,38 @@ TEST_F(AtomicFileTest, LeavesNothingBehindWithoutACommit)
     }
     EXPECT_EQ(read("file"), "old");
     EXPECT_THAT(namesIn("."), ElementsAre("file"));
+}
+
+TEST_F(AtomicFileTest, IsWrittenByAnotherProgramInATemporaryFileBesideItThatEndsAsItDoes)
+{
+    std::filesystem::create_directory("folder");
+    AtomicFile file("folder/video.mp4");
+    EXPECT_EQ(file.temporary().parent_path(), std::filesystem::current_path() / "folder");
+    EXPECT_THAT(file.temporary().filename().string(), StartsWith(std::string(AtomicFile::temporaryPrefix)));
+    EXPECT_EQ(file.temporary().extension(), ".mp4");
+    write(file.temporary(), "pictures");
+    file.commit();
+    EXPECT_EQ(read("folder/video.mp4"), "pictures");
+    EXPECT_THAT(namesIn("folder"), ElementsAre("video.mp4"));
+}
+
+TEST_F(AtomicFileTest, RefusesAFolderOfItsNameBeforeAnotherProgramIsAtWork)
+{
+    std::filesystem::create_directory("video.mp4");
+    EXPECT_THAT([] { AtomicFile("video.mp4"); },
+                ThrowsMessage<Error>("video.mp4: cannot write: Is a directory"));
+    EXPECT_THAT(namesIn("."), ElementsAre("video.mp4"));
+}
+
+TEST_F(AtomicFileTest, LeavesAloneWhatAKilledProcessOfItsNumberLeftBehind)
+{
+    const std::string prefix = std::string(AtomicFile::temporaryPrefix) + std::to_string(getpid()) + "-";
+    const std::string last = AtomicFile("file").temporary().filename();
+    const std::string next = prefix + std::to_string(std::stoi(last.substr(prefix.size())) + 1);
+    write(next, "left behind");
+    AtomicFile("file", "new").commit();
+    EXPECT_EQ(read("file"), "new");
+    EXPECT_EQ(read(next), "left behind");
 }
 
 TEST_F(AtomicFileTest, CanBeMovedBeforeTheCommit)
