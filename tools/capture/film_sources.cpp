@@ -2,7 +2,7 @@
 
 #include "tools/common/error.h"
 #include "tools/common/read_file.h"
-#include "tools/video/video_tag.h"
+#include "tools/video/fingerprint.h"
 
 #include <set>
 

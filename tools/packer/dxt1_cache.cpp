@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <fmt/format.h>
 #include <utility>
+#include <xxhash.h>
 
 namespace tools::packer {
 
@@ -15,37 +16,12 @@ namespace {
 
 constexpr std::size_t hashSize = 32; // in digits
 
-/// Spreads each bit over all of them.
-std::uint64_t mixed(std::uint64_t value)
-{
-    value ^= value >> 32;
-    value *= 0xD6E8FEB86659FD93U; // odd, with its bits spread; so are those below
-    value ^= value >> 32;
-    value *= 0xD6E8FEB86659FD93U;
-    return value ^ value >> 32;
-}
-
 } // namespace
 
 std::string contentHash(std::string_view bytes)
 {
-    std::uint64_t first = bytes.size();
-    std::uint64_t second = ~first;
-    const auto add = [&](std::uint64_t word) {
-        first = (first ^ word) * 0x9E3779B97F4A7C15U;
-        first ^= first >> 29;
-        second = (second ^ mixed(word)) * 0xC2B2AE3D27D4EB4FU;
-        second ^= second >> 31;
-    };
-    constexpr std::size_t wordSize = sizeof(std::uint64_t);
-    while (bytes.size() >= wordSize) {
-        add(load<std::uint64_t>(bytes, 0));
-        bytes.remove_prefix(wordSize);
-    }
-    std::string rest(bytes);
-    rest.resize(wordSize); // the length is in the starting value
-    add(load<std::uint64_t>(rest, 0));
-    return fmt::format("{:016x}{:016x}", mixed(first), mixed(second));
+    const XXH128_hash_t hash = XXH3_128bits(bytes.data(), bytes.size());
+    return fmt::format("{:016x}{:016x}", hash.high64, hash.low64);
 }
 
 Dxt1Cache::Dxt1Cache(std::filesystem::path path) : folder(std::move(path))

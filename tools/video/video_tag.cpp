@@ -36,23 +36,4 @@ std::optional<VideoTag> readTag(const std::string& text)
     return isWhole && writeTag(tag) == text ? std::optional(tag) : std::nullopt;
 }
 
-void Fingerprint::add(std::string_view bytes)
-{
-    const auto mix = [this](unsigned char byte) {
-        state = (state ^ byte) * 0x100000001B3;
-    };
-    for (const char byte : bytes) {
-        mix(static_cast<unsigned char>(byte));
-    }
-    // So that the borders between texts count.
-    for (std::size_t length = bytes.size(), i = 0; i < sizeof length; ++i, length >>= 8) {
-        mix(static_cast<unsigned char>(length));
-    }
-}
-
-std::string Fingerprint::text() const
-{
-    return fmt::format("{:016x}", state);
-}
-
 } // namespace tools::video

@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace tools::video {
 
@@ -25,15 +24,5 @@ std::string writeTag(const VideoTag& tag);
 
 /// Reads what `writeTag` wrote; nothing for any other text.
 std::optional<VideoTag> readTag(const std::string& text);
-
-/// Of several texts a short fingerprint: 16 hexadecimal digits. For telling versions apart, not for safety.
-class Fingerprint {
-public:
-    void add(std::string_view bytes);
-    std::string text() const;
-
-private:
-    std::uint64_t state = 0xCBF29CE484222325; // FNV-1a
-};
 
 } // namespace tools::video

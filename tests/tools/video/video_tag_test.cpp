@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-using tools::video::Fingerprint;
 using tools::video::VideoTag;
 
 namespace {
@@ -32,22 +31,6 @@ TEST(VideoTag, IsNothingElse)
         tools::video::readTag("vesperal: frames 99999999999999999999 to 1199 of 0 to 10912, 60 a second, "
                               "1920x1080, assets 0123456789abcdef, program fedcba9876543210"),
         std::nullopt);
-}
-
-TEST(Fingerprint, TellsTextsAndTheirBordersApart)
-{
-    const auto of = [](std::initializer_list<const char*> texts) {
-        Fingerprint fingerprint;
-        for (const char* const part : texts) {
-            fingerprint.add(part);
-        }
-        return fingerprint.text();
-    };
-    EXPECT_EQ(of({"room", "hat"}), of({"room", "hat"}));
-    EXPECT_NE(of({"room", "hat"}), of({"hat", "room"}));
-    EXPECT_NE(of({"room", "hat"}), of({"roomhat"}));
-    EXPECT_NE(of({"room", "hat"}), of({"roomh", "at"}));
-    EXPECT_EQ(of({"room"}).size(), 16U);
 }
 
 } // namespace
