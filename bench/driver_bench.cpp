@@ -10,6 +10,7 @@
 #include "scenes/people_scene.h"
 #include "scenes/room_scene.h"
 #include "scenes/toilet_scene.h"
+#include "sync/tools.h"
 
 #include <SDL.h>
 #include <benchmark/benchmark.h>
@@ -122,7 +123,7 @@ void drawScene(benchmark::State& state)
     Offscreen screen;
     zund::Renderer& renderer = *screen.renderer;
     const pack::Packfile pack("assets/assets.pack");
-    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     Scene scene(renderer, pack, sync, size);
     double time = 0.0;
     for ([[maybe_unused]] const auto pass : state) {
@@ -173,7 +174,7 @@ void start(benchmark::State& state)
             screen.emplace();
         }
         const pack::Packfile pack("assets/assets.pack");
-        const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+        const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
         AllScenes scenes(*screen->renderer, pack, sync);
         scenes.room.update(*screen->renderer, 0.0, sync);
         scenes.room.scene.draw(*screen->renderer, 0.0);

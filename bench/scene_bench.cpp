@@ -8,6 +8,7 @@
 #include "scenes/people_scene.h"
 #include "scenes/room_scene.h"
 #include "scenes/toilet_scene.h"
+#include "sync/tools.h"
 
 #include <benchmark/benchmark.h>
 #include <string>
@@ -22,7 +23,7 @@ void assembleScene(benchmark::State& state)
 {
     CountingRenderer renderer;
     const pack::Packfile pack("assets/assets.pack");
-    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     auto scene = [&] {
         if constexpr (std::is_same_v<Scene, CreditsScene>) {
             return Scene(renderer, pack, size);

@@ -60,7 +60,7 @@ int main()
     zund::GLWrapper gl;
     SDL_ShowCursor(0); // before SDL has started: behind the display it would come after the first picture
     tolv::Display display(gl, "1080p", true, true, true);
-    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     Mixer mixer;
     mixer.openAudio();
     mixer.loadMusic("assets/house99.ogg");

@@ -23,7 +23,6 @@ namespace {
 constexpr double rate = 44100.0;
 constexpr std::size_t chunkFrames = 1024; // as the mixer opens the device
 constexpr double chunkSeconds = chunkFrames / rate;
-constexpr double rowsPerBar = 64.0;
 constexpr double secondsPerBar = 1.875;
 
 /// Bars [first, end) whose first beat has a kick.
@@ -176,7 +175,7 @@ std::vector<Kick> findKicks(const Recording& recording)
             const double seconds = finder.onset(time, 0.234);
             const auto sounds = static_cast<long>(seconds * rate) / static_cast<long>(chunkFrames);
             const auto shows = std::ranges::find_if(
-                positions, [&](double position) { return timeToRow(position) >= bar * rowsPerBar; });
+                positions, [&](double position) { return timeToRow(position) >= bar * tempo::rowsPerBar; });
             kicks.push_back({bar, seconds - time, sounds - (shows - positions.begin())});
         }
     }

@@ -1,6 +1,7 @@
 #include "player/player.h"
 
 #include "scenes/catalogue.h"
+#include "sync/tools.h"
 #include "tests/player/fake_platform.h"
 #include "tests/standins/model_boxes.h"
 #include "tests/standins/stand_ins.h"
@@ -26,7 +27,7 @@ using testing::ThrowsMessage;
 
 using Calls = std::vector<std::string>;
 
-constexpr double secondsPerRow = 60.0 / 2048.0;
+constexpr double secondsPerRow = 60.0 / (tempo::beatsPerMinute * tempo::rowsPerBeat);
 
 /// The calls that say how the show runs. The driver's are left out, but for one line each where the window is
 /// cleared from outside a scene, and where a scene is drawn.

@@ -1,6 +1,7 @@
 #include "sync/syncdevice.h"
 
 #include "sync/exception.h"
+#include "sync/tools.h"
 #include "tests/sync/c_library.h"
 #include "tests/sync/track_files.h"
 
@@ -38,7 +39,7 @@ TEST_F(SyncDeviceTest, SaysWhenItComesAndWhenItGoes)
 {
     testing::internal::CaptureStdout();
     {
-        const SyncDevice device("sync", 128.0, 16);
+        const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
         EXPECT_THAT(testing::internal::GetCapturedStdout(),
                     StrEq("syncdevice: Rocket sync device created\n"));
         testing::internal::CaptureStdout();
@@ -49,7 +50,7 @@ TEST_F(SyncDeviceTest, SaysWhenItComesAndWhenItGoes)
 TEST_F(SyncDeviceTest, SaysNothingWhileItIsUsed)
 {
     writeFile("sync_scene.track", trackFile({{0, 1.0F, SYNC_STEP}}));
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_EQ(device.getValue(device.getTrack("scene"), 3.0), 1.0F);
@@ -62,8 +63,9 @@ TEST_F(SyncDeviceTest, RefusesAnAbsolutePathAndSaysNothing)
 {
     const WatchedCLibrary watched;
     testing::internal::CaptureStdout();
-    EXPECT_THAT(messageOf([] { const SyncDevice device("/tmp/x", 128.0, 16); }),
-                StrEq("Failed to initialize rocket sync device"));
+    EXPECT_THAT(
+        messageOf([] { const SyncDevice device("/tmp/x", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
+        StrEq("Failed to initialize rocket sync device"));
     EXPECT_THAT(testing::internal::GetCapturedStdout(), StrEq(""));
     for (void* record : cLibrary.mallocResults) {
         std::free(record); // the device's, which it leaves behind: a leak to the sanitizer
@@ -74,13 +76,13 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheDevice)
 {
     const WatchedCLibrary watched;
     cLibrary.mallocsBeforeFailure = 0;
-    EXPECT_THAT(messageOf([] { const SyncDevice device("sync", 128.0, 16); }),
+    EXPECT_THAT(messageOf([] { const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
                 StrEq("Failed to initialize rocket sync device"));
 }
 
 TEST_F(SyncDeviceTest, FailsWithoutMemoryForATrack)
 {
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const WatchedCLibrary watched;
     cLibrary.mallocsBeforeFailure = 0;
     EXPECT_THAT(messageOf([&] { device.getTrack("camera:pos x"); }),
@@ -89,7 +91,7 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForATrack)
 
 TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheListOfTracks)
 {
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const WatchedCLibrary watched;
     cLibrary.reallocsBeforeFailure = 0;
     EXPECT_THAT(messageOf([&] { device.getTrack("scene"); }), StrEq("Rocket could not get track: scene"));
@@ -99,7 +101,7 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheListOfTracks)
 
 TEST_F(SyncDeviceTest, GivesOneUnderlyingTrackForOneName)
 {
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const SyncTrack first = device.getTrack("scene");
     const SyncTrack other = device.getTrack("camera");
     const SyncTrack again = device.getTrack("scene");
@@ -111,14 +113,14 @@ TEST_F(SyncDeviceTest, GivesOneUnderlyingTrackForOneName)
 
 TEST_F(SyncDeviceTest, ReadsAMissingTrackAsZero)
 {
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     EXPECT_EQ(device.getValue(device.getTrack("nowhere"), 12.5), 0.0F);
 }
 
 TEST_F(SyncDeviceTest, NarrowsValuesToTheNearestFloat)
 {
     writeFile("sync_third.track", trackFile({{0, 0.0F, SYNC_LINEAR}, {3, 1.0F, SYNC_STEP}}));
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const SyncTrack third = device.getTrack("third");
     EXPECT_EQ(sync_get_val(third.get(), 1.0), 1.0 / 3.0);
     EXPECT_EQ(device.getValue(third, 1.0), 0x1.555556p-2F);
@@ -127,7 +129,7 @@ TEST_F(SyncDeviceTest, NarrowsValuesToTheNearestFloat)
 TEST_F(SyncDeviceTest, KeepsTheValuesOfStepsBitForBit)
 {
     writeFile("sync_scene.track", trackFile({{0, -0.1F, SYNC_STEP}, {8, 16777217.0F, SYNC_STEP}}));
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const SyncTrack scene = device.getTrack("scene");
     EXPECT_EQ(device.getValue(scene, 7.99), -0.1F);
     EXPECT_EQ(device.getValue(scene, 8.0), 16777216.0F);
@@ -136,14 +138,14 @@ TEST_F(SyncDeviceTest, KeepsTheValuesOfStepsBitForBit)
 TEST_F(SyncDeviceTest, TakesRowsWithTheirFractions)
 {
     writeFile("sync_scene.track", trackFile({{0, 0.0F, SYNC_LINEAR}, {1, 1.0F, SYNC_STEP}}));
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     EXPECT_EQ(device.getValue(device.getTrack("scene"), 0.25), 0.25F);
 }
 
 TEST_F(SyncDeviceTest, ReadsTheSameWhateverRateItIsGiven)
 {
     writeFile("sync_scene.track", trackFile({{0, 0.0F, SYNC_SMOOTH}, {100, 1.0F, SYNC_STEP}}));
-    const SyncDevice device("sync", 128.0, 16);
+    const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const SyncDevice slower("sync", 0.0, -3);
     for (const double row : {-1.0, 0.0, 12.5, 99.0, 100.0, 1000.0}) {
         EXPECT_EQ(device.getValue(device.getTrack("scene"), row),

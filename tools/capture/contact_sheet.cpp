@@ -1,5 +1,6 @@
 #include "tools/capture/contact_sheet.h"
 
+#include "sync/tools.h"
 #include "tools/capture/bitmap_font.h"
 #include "tools/common/error.h"
 
@@ -14,7 +15,6 @@ namespace {
 constexpr std::uint32_t gap = 4; ///< around every still, in pixels
 constexpr std::uint8_t paper = 40;
 constexpr std::uint32_t largestSide = 16384;
-constexpr double rowsPerBar = 64.0;
 constexpr double mostStills = 4096.0;
 constexpr double mostBars = 1e6;
 
@@ -89,8 +89,9 @@ std::vector<std::int32_t> sheetRows(double every, double from, double to)
 {
     checkBar("--from", from);
     checkBar("--to", to);
-    if (!(every * rowsPerBar >= 1.0)) {
-        throw Error(fmt::format("--every {}", every), "expected at least a row, which is 1/64 of a bar");
+    if (!(every * tempo::rowsPerBar >= 1.0)) {
+        throw Error(fmt::format("--every {}", every),
+                    fmt::format("expected at least a row, which is 1/{} of a bar", tempo::rowsPerBar));
     }
     if (to < from) {
         throw Error(fmt::format("--to {}", to), fmt::format("lies before --from {}", from));
@@ -103,7 +104,7 @@ std::vector<std::int32_t> sheetRows(double every, double from, double to)
     std::vector<std::int32_t> rows;
     rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < static_cast<int>(count); ++i) {
-        rows.push_back(static_cast<std::int32_t>(std::lround((from + i * every) * rowsPerBar)));
+        rows.push_back(static_cast<std::int32_t>(std::lround((from + i * every) * tempo::rowsPerBar)));
     }
     return rows;
 }

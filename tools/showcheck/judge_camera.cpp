@@ -1,6 +1,7 @@
 #include "tools/showcheck/judge_camera.h"
 
 #include "scenes/catalogue.h"
+#include "sync/tools.h"
 #include "tools/stage/values.h"
 #include "tools/timeline/show_row.h"
 
@@ -13,9 +14,6 @@
 namespace tools::showcheck {
 
 namespace {
-
-constexpr double rowsPerSecond = 2048.0 / 60.0;
-constexpr std::int32_t rowsPerBeat = 16;
 
 // Speeds by how far away what there is to see stands. At 30 degrees a second it crosses the picture in 1.5 s.
 // A camera that stops from 0.12 units a second, or from 4.4 degrees, within a row breaks an acceleration of
@@ -89,8 +87,8 @@ bool isCut(const CameraRow& before, const CameraRow& row)
 
 void judgeStep(const Step& step, const CameraLimits& allowed, const Place& place, Findings& findings)
 {
-    findings.add(Check::Speed, place, glm::length(step.move) * rowsPerSecond, allowed.speed);
-    findings.add(Check::Turn, place, glm::length(step.turn) * rowsPerSecond, allowed.turn);
+    findings.add(Check::Speed, place, glm::length(step.move) * tempo::rowsPerSecond, allowed.speed);
+    findings.add(Check::Turn, place, glm::length(step.turn) * tempo::rowsPerSecond, allowed.turn);
     const double slides = std::max(glm::length(step.move) / slide, glm::length(step.turn) / slideTurn);
     findings.add(Check::SlidingCut, place, slides, 1.0);
 }
@@ -98,7 +96,7 @@ void judgeStep(const Step& step, const CameraLimits& allowed, const Place& place
 void judgeChange(const Step& before, const Step& step, const CameraLimits& allowed, const Place& place,
                  Findings& findings)
 {
-    constexpr double rate = rowsPerSecond * rowsPerSecond;
+    constexpr double rate = tempo::rowsPerSecond * tempo::rowsPerSecond;
     findings.add(Check::Acceleration, place, glm::length(step.move - before.move) * rate,
                  allowed.acceleration);
     findings.add(Check::TurnAcceleration, place, glm::length(step.turn - before.turn) * rate,
@@ -120,7 +118,7 @@ void judgeCamera(std::span<const CameraRow> rows, Findings& findings)
         const CameraRow& row = rows[i];
         const bool isFirst = i == 0 || isCut(rows[i - 1], row);
         if (isFirst && i > 0) {
-            findings.add(Check::OffBeat, placeOf(row), row.row % rowsPerBeat, 0.0);
+            findings.add(Check::OffBeat, placeOf(row), row.row % tempo::rowsPerBeat, 0.0);
         }
         const CameraLimits* const allowed = findCameraLimits(row.scene);
         if (allowed == nullptr) {

@@ -1,5 +1,6 @@
 #include "scenes/catalogue.h"
 #include "sync/syncdevice.h"
+#include "sync/tools.h"
 #include "tools/common/command_line.h"
 #include "tools/common/error.h"
 #include "tools/showcheck/camera_path.h"
@@ -54,7 +55,7 @@ struct RowRange {
 /// The row that ends the show.
 std::int32_t endOfShow(const tools::stage::Stage& stage)
 {
-    constexpr std::int32_t longestShow = 123'000; // rows: an hour
+    constexpr auto longestShow = static_cast<std::int32_t>(3600 * tempo::rowsPerSecond); // an hour
     for (std::int32_t row = 0; row < longestShow; ++row) {
         if (stage.sceneAt(tools::timeline::timeOfRow(row)) == catalogue::endOfShow) {
             return row;
@@ -167,7 +168,7 @@ tools::showcheck::Findings check(const Options& options)
     const RowRange rows = readRange(options, viewer.stage());
 
     tools::showcheck::Findings findings;
-    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     // With the rows beside, as a cut shows only there.
     tools::showcheck::judgeCamera(
         tools::showcheck::readCameraPath(sync, std::max(rows.first - 1, 0), rows.end + 1), findings);

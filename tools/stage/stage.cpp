@@ -123,7 +123,7 @@ Stage::Stage(HiddenWindow& window, zund::Renderer& renderer, std::string assetsN
     : window(window),
       renderer(renderer),
       assetsName(std::move(assetsName)),
-      sync("assets/sync", 128.0, 16),
+      sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat),
       pack(openPack(this->assetsName)),
       sceneTrack(sync.getTrack(catalogue::tracks::scene.name))
 {

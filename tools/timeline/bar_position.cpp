@@ -1,5 +1,7 @@
 #include "tools/timeline/bar_position.h"
 
+#include "sync/tools.h"
+
 #include <charconv>
 #include <fmt/format.h>
 #include <limits>
@@ -10,9 +12,10 @@ namespace tools::timeline {
 
 namespace {
 
-constexpr std::int64_t rowsPerBeat = 16;
-constexpr std::int64_t beatsPerBar = 4;
-constexpr std::int64_t rowsPerBar = rowsPerBeat * beatsPerBar;
+using tempo::beatsPerBar;
+using tempo::rowsPerBar;
+using tempo::rowsPerBeat;
+
 constexpr std::int64_t firstRow = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t lastRow = std::numeric_limits<std::int32_t>::max();
 
@@ -70,10 +73,10 @@ std::int32_t parseRow(std::string_view text)
             fail(text, "bars count from 0");
         }
         if (beat < 0 || beat >= beatsPerBar) {
-            fail(text, "a beat is 0 to 3");
+            fail(text, fmt::format("a beat is 0 to {}", beatsPerBar - 1));
         }
         if (rowOfBeat < 0 || rowOfBeat >= rowsPerBeat) {
-            fail(text, "a row of a beat is 0 to 15");
+            fail(text, fmt::format("a row of a beat is 0 to {}", rowsPerBeat - 1));
         }
         if (bar > lastRow / rowsPerBar) {
             failOutOfRange(text);

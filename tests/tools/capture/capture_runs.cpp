@@ -1,5 +1,6 @@
 #include "tests/tools/capture/capture_runs.h"
 
+#include "sync/tools.h"
 #include "tools/timeline/track_file.h"
 
 #include <map>
@@ -24,7 +25,7 @@ CaptureRuns::CaptureRuns()
     const float scenes[] = {4.0F, 6.0F, 7.0F, 9.0F, 8.0F, 5.0F, 0.0F, -1.0F};
     std::vector<sync_key> keys;
     for (const float scene : scenes) {
-        keys.push_back({static_cast<std::int32_t>(64 * keys.size()), scene, SYNC_STEP});
+        keys.push_back({static_cast<std::int32_t>(tempo::rowsPerBar * keys.size()), scene, SYNC_STEP});
     }
     write("assets/sync_scene.track", tools::timeline::encodeTrack(keys));
     writeTrack("camera_pos_y", 0.5F);

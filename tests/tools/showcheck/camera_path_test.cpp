@@ -1,6 +1,7 @@
 #include "tools/showcheck/camera_path.h"
 
 #include "scenes/catalogue.h"
+#include "sync/tools.h"
 #include "tests/support/in_temporary_folder.h"
 #include "tools/timeline/track_file.h"
 
@@ -29,7 +30,7 @@ TEST_F(CameraPath, HoldsBothEndsOfEachRow)
                          {2, catalogue::scenes::bottle.number, SYNC_STEP}});
     writeTrack("camera_pos_x", {{0, 0.0F, SYNC_LINEAR}, {2, 4.0F, SYNC_STEP}});
     writeTrack("camera_tgt_z", {{0, 1.0F, SYNC_STEP}, {1, 7.0F, SYNC_STEP}});
-    const tolv::SyncDevice sync("sync", 128.0, 16);
+    const tolv::SyncDevice sync("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const std::vector<tools::showcheck::CameraRow> rows = tools::showcheck::readCameraPath(sync, 0, 3);
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[1].row, 1);
@@ -48,7 +49,7 @@ TEST_F(CameraPath, CirclesThePeople)
     writeTrack("camera_pos_x", {{0, 0.5F, SYNC_STEP}, {1, 0.0F, SYNC_STEP}}); // half turns
     writeTrack("camera_pos_y", {{0, 0.8F, SYNC_STEP}});
     writeTrack("camera_pos_z", {{0, 3.0F, SYNC_STEP}});
-    const tolv::SyncDevice sync("sync", 128.0, 16);
+    const tolv::SyncDevice sync("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const std::vector<tools::showcheck::CameraRow> rows = tools::showcheck::readCameraPath(sync, 0, 2);
     EXPECT_NEAR(rows[0].begin.eye.z, 3.0, 1e-3);
     EXPECT_NEAR(rows[0].begin.eye.x, 0.0, 1e-2);

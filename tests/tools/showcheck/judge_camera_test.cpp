@@ -1,12 +1,14 @@
 #include "tools/showcheck/judge_camera.h"
 
 #include "scenes/catalogue.h"
+#include "sync/tools.h"
 
 #include <cmath>
 #include <functional>
 #include <glm/trigonometric.hpp>
 #include <gmock/gmock.h>
 
+using tempo::rowsPerSecond;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -17,8 +19,6 @@ using tools::showcheck::Findings;
 namespace {
 
 using Path = std::function<CameraPose(double row)>;
-
-constexpr double rowsPerSecond = 2048.0 / 60.0;
 
 /// A camera at x that looks ahead.
 CameraPose at(double x)

@@ -1,6 +1,7 @@
 #include "tools/trackc/compile.h"
 
 #include "sync/syncdevice.h"
+#include "sync/tools.h"
 #include "tests/support/in_temporary_folder.h"
 #include "tools/common/error.h"
 #include "tools/timeline/track_file.h"
@@ -21,7 +22,7 @@ TEST_F(Compile, WritesWhatTheShowReads)
     write("camera_pos_x.csv", "0:0:10, 0, linear\n20, 1, smooth\n30, 0, ramp\n40, 1, step\n");
     write("scene.csv", "0, 4, step\n64, -1, step\n");
     compileTracks({"camera_pos_x.csv", "scene.csv"}, "out/assets");
-    const tolv::SyncDevice device("out/assets/sync", 128.0, 16);
+    const tolv::SyncDevice device("out/assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const tolv::SyncTrack camera = device.getTrack("camera_pos_x");
     EXPECT_EQ(device.getValue(camera, 0.0), 0.0F);
     EXPECT_EQ(device.getValue(camera, 15.0), 0.5F);
@@ -38,7 +39,7 @@ TEST_F(Compile, EncodesTheNameAsTheShowDoes)
     write("group:lid-angle.csv", "0, 4, step\n");
     compileTracks({"group:lid-angle.csv"}, "out");
     EXPECT_THAT(namesIn("out"), ElementsAre("sync_group-3Alid-2Dangle.track"));
-    const tolv::SyncDevice device("out/sync", 128.0, 16);
+    const tolv::SyncDevice device("out/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     EXPECT_EQ(device.getValue(device.getTrack("group:lid-angle"), 0.0), 4.0F);
 }
 
@@ -50,7 +51,7 @@ TEST_F(Compile, MakesSevenTracksOfAShotList)
     ASSERT_EQ(tracks.size(), 8U);
     EXPECT_EQ(tracks[1].name, "scene");
     EXPECT_EQ(tracks[1].lastRow, 64);
-    const tolv::SyncDevice device("out/sync", 128.0, 16);
+    const tolv::SyncDevice device("out/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     EXPECT_EQ(device.getValue(device.getTrack("camera_pos_x"), 4.0), 1.5F);
     EXPECT_EQ(device.getValue(device.getTrack("camera_tgt_z"), 30.0), 6.0F);
 }
