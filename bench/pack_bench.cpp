@@ -1,5 +1,6 @@
 // Opening a pack: how the time grows with its records.
 
+#include "pack/format.h"
 #include "pack/packfile.h"
 
 #include <benchmark/benchmark.h>
@@ -13,10 +14,10 @@ namespace {
 
 std::string makePack(std::int64_t records)
 {
-    std::string bytes = "pkf";
+    std::string bytes(pack::format::magic);
     for (std::int64_t i = 0; i < records; ++i) {
         std::string record = "texture_" + std::to_string(i) + ".dds";
-        record.resize(265, '\0');
+        record.resize(pack::format::recordSize, '\0');
         record.back() = static_cast<char>(i + 1 == records);
         bytes += record;
     }

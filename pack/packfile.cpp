@@ -1,10 +1,11 @@
 #include "pack/packfile.h"
 
+#include "pack/format.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
-#include <string_view>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -13,14 +14,6 @@
 namespace pack {
 
 namespace {
-
-constexpr std::string_view magic = "pkf";
-constexpr std::size_t nameSize = 256;
-constexpr std::size_t lengthAt = 256;
-constexpr std::size_t offsetAt = 260;
-constexpr std::size_t markAt = 264;
-constexpr std::size_t recordSize = 265;
-constexpr std::uint32_t ddsHeaderSize = 128; // with its magic
 
 /// A field of a record; records stand at odd addresses.
 std::uint32_t readField(const char* at)
@@ -63,7 +56,7 @@ Packfile::Packfile(const std::string& path)
     // A bad table leaves descriptor and mapping behind: the program ends on it.
     chunks = readHeader(data, size);
     // By the number of names, not of records: a pack holds no name twice.
-    dataOffset = magic.size() + recordSize * chunks.size();
+    dataOffset = format::dataStart(chunks.size());
     close(file);
 }
 
@@ -84,30 +77,30 @@ const void* Packfile::getFile(const std::string& name, bool skipHeader) const
     }
     std::uint32_t position = found->second.offset;
     if (skipHeader) {
-        position += ddsHeaderSize;
+        position += std::uint32_t{format::ddsHeaderSize};
     }
     return static_cast<const char*>(data) + dataOffset + position;
 }
 
 Packfile::Chunk Packfile::readChunk(const void* data, std::size_t remaining)
 {
-    if (remaining < recordSize) {
+    if (remaining < format::recordSize) {
         throw std::runtime_error("failed to read chunk, unexpected end of data");
     }
     const auto* record = static_cast<const char*>(data);
-    if (record[nameSize - 1] != '\0') {
+    if (record[format::nameSize - 1] != '\0') {
         throw std::runtime_error("failed to read name");
     }
-    return {std::string(record), readField(record + lengthAt), readField(record + offsetAt),
-            record[markAt] != 0};
+    return {std::string(record), readField(record + format::lengthAt), readField(record + format::offsetAt),
+            record[format::markAt] != 0};
 }
 
 std::unordered_map<std::string, Packfile::Chunk> Packfile::readHeader(const void* data, std::size_t size)
 {
-    if (size < magic.size() || std::memcmp(data, magic.data(), magic.size()) != 0) {
+    if (size < format::magic.size() || std::memcmp(data, format::magic.data(), format::magic.size()) != 0) {
         throw std::runtime_error("invalid packfile");
     }
-    const char* cursor = static_cast<const char*>(data) + magic.size();
+    const char* cursor = static_cast<const char*>(data) + format::magic.size();
     const char* const end = static_cast<const char*>(data) + size;
     std::unordered_map<std::string, Chunk> table;
     for (;;) {
@@ -116,7 +109,7 @@ std::unordered_map<std::string, Packfile::Chunk> Packfile::readHeader(const void
         if (chunk.last) {
             return table;
         }
-        cursor += recordSize;
+        cursor += format::recordSize;
     }
 }
 

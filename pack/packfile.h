@@ -10,9 +10,7 @@ namespace pack {
 /// The read-only archive of the textures, mapped into memory. Its files are used in place: nothing is copied
 /// or decoded, and no page is read before a caller touches it.
 ///
-/// Format, little-endian, without padding: "pkf"; records of 265 bytes, the last one marked; the data area.
-/// Record: name (256 bytes, closed by NUL), length (uint32), offset from the start of the data area (uint32),
-/// mark (1 byte, 0: another record follows). Names are unique.
+/// Its layout is told in pack/format.h.
 class Packfile {
 public:
     /// A record of the table of contents.

@@ -1,3 +1,4 @@
+#include "pack/format.h"
 #include "tests/standins/stand_ins.h"
 #include "tests/standins/texture_bars.h"
 #include "tests/support/in_temporary_folder.h"
@@ -33,7 +34,7 @@ public:
 
     Dxt1Block at(std::size_t column, std::size_t row) const
     {
-        const std::size_t place = tools::packer::ddsHeaderSize + 8 * (row * columns + column);
+        const std::size_t place = pack::format::ddsHeaderSize + 8 * (row * columns + column);
         return {tools::load<std::uint16_t>(file, place), tools::load<std::uint16_t>(file, place + 2),
                 tools::load<std::uint32_t>(file, place + 4)};
     }
@@ -67,8 +68,8 @@ class StandInTexture : public testing::TestWithParam<Texture> {};
 TEST_P(StandInTexture, IsADdsFileOfTheSizeThatItsSceneUploads)
 {
     const std::string file = standins::textureFile(GetParam().name);
-    EXPECT_EQ(file.size(), 128 + static_cast<std::size_t>(GetParam().width) *
-                                     static_cast<std::size_t>(GetParam().height) / 2);
+    EXPECT_EQ(file.size(), pack::format::ddsHeaderSize + static_cast<std::size_t>(GetParam().width) *
+                                                             static_cast<std::size_t>(GetParam().height) / 2);
     EXPECT_EQ(tools::packer::checkDds(file, "file"), tools::packer::sizeOf(GetParam()));
 }
 

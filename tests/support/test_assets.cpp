@@ -1,11 +1,15 @@
 #include "tests/support/test_assets.h"
 
+#include "pack/format.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <stdexcept>
 
 namespace {
+
+namespace format = pack::format;
 
 template<typename Value>
 void append(std::string& bytes, Value value)
@@ -68,11 +72,11 @@ void ShowFolder::writePack(const std::vector<std::pair<std::string, std::string>
 
 std::string packBytes(const std::vector<std::pair<std::string, std::string>>& files)
 {
-    std::string bytes = "pkf";
+    std::string bytes(format::magic);
     std::string data;
     for (std::size_t i = 0; i < files.size(); ++i) {
         const auto& [name, content] = files[i];
-        bytes += name + std::string(256 - name.size(), '\0');
+        bytes += name + std::string(format::nameSize - name.size(), '\0');
         append(bytes, static_cast<std::uint32_t>(content.size()));
         append(bytes, static_cast<std::uint32_t>(data.size()));
         append(bytes, static_cast<char>(i + 1 == files.size()));
@@ -87,7 +91,7 @@ std::string flatTexture(int width, int height, std::uint16_t color)
     append(block, color);
     append(block, color);
     append(block, std::uint32_t{0}); // all texels the first colour
-    std::string bytes(128, '\0');
+    std::string bytes(format::ddsHeaderSize, '\0');
     const int blocks = (width / 4) * (height / 4);
     bytes.reserve(bytes.size() + block.size() * static_cast<std::size_t>(blocks));
     for (int i = 0; i < blocks; ++i) {

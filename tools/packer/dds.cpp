@@ -1,5 +1,6 @@
 #include "tools/packer/dds.h"
 
+#include "pack/format.h"
 #include "tools/common/bytes.h"
 #include "tools/common/error.h"
 
@@ -11,6 +12,8 @@
 namespace tools::packer {
 
 namespace {
+
+using pack::format::ddsHeaderSize;
 
 // Flags of the header.
 constexpr std::uint32_t hasCaps = 0x1;

@@ -2,13 +2,10 @@
 
 #include "tools/picture/rgb_image.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace tools::packer {
-
-constexpr std::size_t ddsHeaderSize = 128; ///< with the magic
 
 /// Header of a DDS file that holds one level in DXT1. `size` is a multiple of 4 in both directions.
 std::string makeDdsHeader(picture::Size size);

@@ -1,5 +1,6 @@
 #include "tools/packer/pack_format.h"
 
+#include "pack/format.h"
 #include "tools/common/bytes.h"
 #include "tools/common/error.h"
 
@@ -12,17 +13,7 @@ namespace tools::packer {
 
 namespace {
 
-constexpr std::string_view magic = "pkf";
-constexpr std::size_t nameSize = 256; // with the closing NUL
-constexpr std::size_t lengthAt = 256;
-constexpr std::size_t offsetAt = 260;
-constexpr std::size_t markAt = 264;
-constexpr std::size_t recordSize = 265;
-
-std::size_t dataStart(std::size_t count)
-{
-    return magic.size() + recordSize * count;
-}
+using namespace pack::format;
 
 /// The records up to the last one, each checked by itself.
 std::vector<PackEntry> readRecords(std::string_view bytes, const std::string& place)

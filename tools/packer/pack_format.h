@@ -28,8 +28,8 @@ std::vector<std::uint32_t> packOffsets(const std::vector<std::pair<std::string, 
 /// Throws `Error` with `place` for a file name that a pack cannot hold: longer than 255 characters.
 void checkPackName(const std::string& name, const std::string& place);
 
-/// The bytes of a pack that holds the files, at least one, in this order; the format is told at
-/// `pack::Packfile`. The caller has checked the names: none twice, none too long.
+/// The bytes of a pack that holds the files, at least one, in this order; the format is told in
+/// pack/format.h. The caller has checked the names: none twice, none too long.
 std::string encodePack(const std::vector<PackInput>& files);
 
 /// The table of a pack in which all is in order: no name twice, no file outside the pack or over another one.
