@@ -20,7 +20,7 @@ namespace {
 // 4, or of 150; one that eases over a beat does not.
 // clang-format off
 constexpr CameraLimits limits[] = {
-    // scene                 speed  turn   acceleration  of turn
+    // scene                            speed  turn   acceleration  of turn
     {catalogue::scenes::room.number,    1.0,   30.0,  4.0,          150.0},
     {catalogue::scenes::bottle.number,  0.8,   30.0,  4.0,          150.0},
     {catalogue::scenes::burger.number,  0.3,   30.0,  2.0,          150.0},

@@ -12,9 +12,9 @@ namespace tools::showcheck {
 /// A renderer between a scene and the one of a window, that finds out what of each frame the near plane cuts
 /// off. The window shows what it would show without it.
 ///
-/// Models are drawn first without being cut: what would be, leaves depth 0. Text layers, which lie on the
-/// near plane on purpose, are drawn after that; their turn among the models makes no difference to the depth
-/// test.
+/// Models are drawn first without being cut: what would be, leaves depth 0. So does a text layer, which lies
+/// on the near plane to cover all: it would count as cut, and is drawn only once the depths are read. Its turn
+/// among the models makes no difference to the depth test.
 class NearPlaneProbe : public renderers::ForwardingRenderer {
 public:
     /// For frames of that size. `target` draws on the current context, and outlives the probe.
