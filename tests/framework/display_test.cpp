@@ -5,6 +5,7 @@
 #include "framework/exception.h"
 #include "gl/exception.h"
 #include "gl/gl-wrapper.h"
+#include "tests/support/refused_calls.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -165,6 +166,7 @@ void SDL_GL_GetDrawableSize(SDL_Window* window, int* w, int* h)
 GLenum GLEWAPIENTRY glewInit()
 {
     note("glewInit");
+    refuseEntryPoints();
     glDebugMessageCallback = debugMessageCallback;
     glDeleteVertexArrays = deleteNames;
     glDeleteBuffers = deleteNames;

@@ -1,8 +1,12 @@
 #include "tests/support/gl_recorder.h"
 
+#include "tests/support/refused_calls.h"
+
 #include <GL/glew.h>
 #include <SDL.h>
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fmt/format.h>
 #include <utility>
@@ -75,6 +79,10 @@ std::string boolean(GLboolean value)
 template<typename... Arguments>
 void call(std::string_view function, const Arguments&... arguments)
 {
+    if (recorder == nullptr) {
+        fmt::print(stderr, "gl_recorder: {} is called while there is no recorder\n", function);
+        std::abort();
+    }
     const std::vector<std::string> texts = {fmt::format("{}", arguments)...};
     recorder->note(fmt::format("{}({})", function, fmt::join(texts, ", ")));
     recorder->raise(function);
@@ -277,6 +285,7 @@ void installEntryPoints()
 GlRecorder::GlRecorder()
 {
     recorder = this;
+    refuseEntryPoints();
     installEntryPoints();
 }
 

@@ -9,7 +9,8 @@
 /// Stands in for the driver: writes down every call of OpenGL, with its arguments, in order.
 ///
 /// A call reads as in a program: "glBindBuffer(GL_ARRAY_BUFFER, 3)". Names are given out from 1 on for each
-/// kind of object. A pointer to data is "data", none is "null". One recorder at a time.
+/// kind of object. A pointer to data is "data", none is "null". One recorder at a time. What the show has
+/// never called, be it of OpenGL, GLU, GLEW or SDL, is no part of it: a call fails the test.
 class GlRecorder {
 public:
     GlRecorder();

@@ -1,0 +1,15 @@
+# Lists what the shared LIBRARIES hand out, for the preprocessor: FUNCTION(name) for each function but those of EXCEPT,
+# POINTER(name) for each pointer to an entry point of OpenGL that GLEW keeps.
+set(list "")
+foreach(library IN LISTS LIBRARIES)
+  execute_process(COMMAND "${NM}" -D --defined-only "${library}" OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCHALL "[TW] [A-Za-z][A-Za-z0-9_]*" functions "${symbols}")
+  list(TRANSFORM functions REPLACE "^.* " "")
+  list(REMOVE_ITEM functions ${EXCEPT})
+  list(TRANSFORM functions REPLACE "(.+)" "FUNCTION(\\1)")
+  string(REGEX MATCHALL "[BD] __glew[A-Za-z0-9_]+" pointers "${symbols}")
+  list(TRANSFORM pointers REPLACE "^.* (.+)" "POINTER(\\1)")
+  list(APPEND list ${functions} ${pointers})
+endforeach()
+list(JOIN list "\n" list)
+file(WRITE "${OUTPUT}" "${list}\n")

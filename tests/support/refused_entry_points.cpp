@@ -1,0 +1,30 @@
+#include "tests/support/refused_calls.h"
+
+#include <string>
+#include <string_view>
+
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are GLEW's.
+#define FUNCTION(name)
+#define POINTER(name) extern "C" std::uintptr_t (*name)();
+#include REFUSED_LIST
+#undef POINTER
+
+namespace {
+
+std::uintptr_t refusePointer(std::string_view pointer)
+{
+    constexpr std::string_view prefix = "__glew";
+    return refuseCall(("gl" + std::string(pointer.substr(prefix.size()))).c_str());
+}
+
+} // namespace
+
+void refuseEntryPoints()
+{
+#define POINTER(name)                                                                                        \
+    name = [] {                                                                                              \
+        return refusePointer(#name);                                                                         \
+    };
+#include REFUSED_LIST
+}
+// NOLINTEND(bugprone-reserved-identifier)
