@@ -91,6 +91,11 @@ void GLAPIENTRY deleteNames(GLsizei n, const GLuint* /*names*/)
     note("delete ", n, " names");
 }
 
+void GLAPIENTRY bindFramebuffer(GLenum /*target*/, GLuint framebuffer)
+{
+    note("glBindFramebuffer ", framebuffer);
+}
+
 } // namespace
 
 // Their parameters are named as in the libraries' own headers.
@@ -167,10 +172,16 @@ GLenum GLEWAPIENTRY glewInit()
 {
     note("glewInit");
     refuseEntryPoints();
+    glBindFramebuffer = bindFramebuffer;
     glDebugMessageCallback = debugMessageCallback;
     glDeleteVertexArrays = deleteNames;
     glDeleteBuffers = deleteNames;
     return libraries.glewResult;
+}
+
+void GLAPIENTRY glEnable(GLenum cap)
+{
+    note("glEnable ", cap == GL_DEPTH_TEST ? "GL_DEPTH_TEST" : "something else");
 }
 
 GLenum GLAPIENTRY glGetError()
@@ -290,6 +301,22 @@ TEST_F(DisplayTest, AsksTheDriverForTheSameWithoutDepthTest)
         const Display display(gl, "720p", true, true, false);
     }
     EXPECT_EQ(calls(), with);
+}
+
+TEST_F(DisplayTest, HandsTheDepthTestToItsRenderer)
+{
+    {
+        Display display(gl, "720p", true, true, true);
+        calls();
+        display.getContext().render({zund::DrawCommand{}});
+        EXPECT_THAT(calls(), ElementsAre("glEnable GL_DEPTH_TEST", "glBindFramebuffer 0"));
+    }
+    {
+        Display display(gl, "720p", true, true, false);
+        calls();
+        display.getContext().render({zund::DrawCommand{}});
+        EXPECT_THAT(calls(), ElementsAre("glBindFramebuffer 0"));
+    }
 }
 
 TEST_F(DisplayTest, TakesInitThatCountsForSuccess)
