@@ -1,4 +1,5 @@
 #include "gl/exception.h"
+#include "tests/gl/handle_layout.h"
 #include "tests/gl/recorded_renderer.h"
 
 #include <GL/glew.h>
@@ -306,7 +307,7 @@ TEST_F(RendererGeometry, DeletesAShaderAndResetsThatHandleAlone)
     const zund::Shader copy = shader;
     renderer.deleteShader(shader);
     EXPECT_THAT(gl.take(), ElementsAre("glDeleteShader(4)"));
-    EXPECT_FALSE(shader.isValid());
+    EXPECT_EQ(shader.get(), -1);
     EXPECT_EQ(copy.get(), 4);
 }
 
@@ -316,7 +317,7 @@ TEST_F(RendererGeometry, DeletesAProgramAndResetsThatHandleAlone)
     const zund::ShaderProgram copy = program;
     renderer.deleteProgram(program);
     EXPECT_THAT(gl.take(), ElementsAre("glDeleteProgram(4)"));
-    EXPECT_FALSE(program.isValid());
+    EXPECT_EQ(program.get(), -1);
     EXPECT_EQ(copy.get(), 4);
 }
 
@@ -326,18 +327,22 @@ TEST_F(RendererGeometry, DeletesAVertexArrayByItsNameAsABuffer)
     const zund::VertexArray copy = vertexArray;
     renderer.deleteVertexArray(vertexArray);
     EXPECT_THAT(gl.take(), ElementsAre("glDeleteBuffers(1, [4])"));
-    EXPECT_FALSE(vertexArray.isValid());
+    EXPECT_EQ(vertexArray.get(), -1);
     EXPECT_EQ(vertexArray.getIndexes(), 0UL);
+    EXPECT_EQ(flagsOf(vertexArray), 0);
     EXPECT_EQ(copy.get(), 4);
     EXPECT_EQ(copy.getIndexes(), 36UL);
 }
 
-TEST_F(RendererGeometry, DeletesABufferAndZeroesItsName)
+TEST_F(RendererGeometry, DeletesABufferAndZeroesItsNameAndItsFirstWordInThatHandleAlone)
 {
-    zund::VertexBuffer buffer(4);
+    zund::VertexBuffer buffer = bufferOf(4, 10, 20);
+    const zund::VertexBuffer copy = buffer;
     renderer.deleteBuffer(buffer);
     EXPECT_THAT(gl.take(), ElementsAre("glDeleteBuffers(1, [4])"));
     EXPECT_EQ(buffer.get(), 0U);
+    EXPECT_THAT(layoutOf(buffer).words, ElementsAre(0U, 20U)); // the second is no part of a move
+    EXPECT_EQ(copy.get(), 4U);
 }
 
 TEST_F(RendererGeometry, DoesNotTestWhatItDeletes)

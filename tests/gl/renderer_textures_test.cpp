@@ -347,18 +347,22 @@ TEST_F(RendererTextures, AreDeletedByNameAndThatHandleAloneIsReset)
     Texture texture(4, GL_TEXTURE_2D);
     const Texture copy = texture;
     renderer.deleteTexture(texture);
-    EXPECT_FALSE(texture.isValid());
+    EXPECT_EQ(texture.get(), -1);
     EXPECT_EQ(texture.getType(), 0U);
     EXPECT_EQ(copy.get(), 4);
     EXPECT_EQ(copy.getType(), 0x0DE1U);
 
     zund::RenderBuffer renderBuffer(5);
+    const zund::RenderBuffer renderBufferCopy = renderBuffer;
     renderer.deleteRenderBuffer(renderBuffer);
-    EXPECT_FALSE(renderBuffer.isValid());
+    EXPECT_EQ(renderBuffer.get(), -1);
+    EXPECT_EQ(renderBufferCopy.get(), 5);
 
     zund::FrameBuffer frameBuffer(6);
+    const zund::FrameBuffer frameBufferCopy = frameBuffer;
     renderer.deleteFrameBuffer(frameBuffer);
-    EXPECT_FALSE(frameBuffer.isValid());
+    EXPECT_EQ(frameBuffer.get(), -1);
+    EXPECT_EQ(frameBufferCopy.get(), 6);
 
     EXPECT_THAT(gl.take(), ElementsAre("glDeleteTextures(1, [4])", "glDeleteRenderbuffers(1, [5])",
                                        "glDeleteFramebuffers(1, [6])"));

@@ -7,10 +7,10 @@
 #include "gl/vertex-array.h"
 #include "gl/vertex-buffer.h"
 #include "gl/vertex.h"
+#include "tests/gl/handle_layout.h"
 #include "tests/gl/recorded_renderer.h"
 
 #include <GL/glew.h>
-#include <cstdint>
 #include <cstring>
 #include <gmock/gmock.h>
 #include <type_traits>
@@ -175,21 +175,6 @@ TEST(Texture, StaysAsItIsWhenMovedToItself)
     EXPECT_EQ(texture.getType(), 0x0DE1U);
 }
 
-/// The flags of a vertex array, which have no reader: the int behind the name and the count of indices.
-int flagsOf(const zund::VertexArray& vertexArray)
-{
-    struct Layout {
-        void* table;
-        std::int32_t id;
-        unsigned long indexes;
-        int flags;
-    };
-    static_assert(sizeof(Layout) == sizeof(zund::VertexArray));
-    Layout layout{};
-    std::memcpy(&layout, static_cast<const void*>(&vertexArray), sizeof(layout));
-    return layout.flags;
-}
-
 TEST(VertexArray, StartsInvalidAndEmpty)
 {
     const zund::VertexArray vertexArray;
@@ -257,28 +242,6 @@ TEST(Shader, NumbersItsTypesFromFragmentOn)
 }
 
 // --- Buffers, which are no resources ---
-
-/// A buffer's members as they lie in memory: the two words have no reader.
-struct BufferLayout {
-    unsigned int id;
-    std::uint64_t words[2];
-};
-static_assert(sizeof(BufferLayout) == sizeof(zund::VertexBuffer));
-
-zund::VertexBuffer bufferOf(unsigned int id, std::uint64_t word0, std::uint64_t word1)
-{
-    const BufferLayout layout{id, {word0, word1}};
-    zund::VertexBuffer buffer;
-    std::memcpy(static_cast<void*>(&buffer), &layout, sizeof(buffer));
-    return buffer;
-}
-
-BufferLayout layoutOf(const zund::VertexBuffer& buffer)
-{
-    BufferLayout layout{};
-    std::memcpy(&layout, static_cast<const void*>(&buffer), sizeof(layout));
-    return layout;
-}
 
 TEST(VertexBuffer, IsNoResourceAndHasNoVirtualFunctions)
 {
