@@ -134,9 +134,9 @@ TEST_F(Scene, MakesMaterialThenBothPassesThenTheTriangleThenTheSkybox)
             "getUniform(36, \"\") = -1", "getUniform(36, \"\") = -1", "getUniform(36, \"\") = -1",
             "getUniform(36, \"\") = -1", "getUniform(36, \"\") = -1", "getUniform(36, \"\") = -1",
             // full-screen triangle
-            "createIndexedBuffer(9, 3, 0, 0, 0, 0) = 40",
+            "createIndexedBuffer(9, 3, null, null, null, null) = 40",
             // skybox
-            "createIndexedBuffer(24, 36, 0, 0, 0, 0) = 41", "createShader(vertex, source 6) = 42",
+            "createIndexedBuffer(24, 36, null, null, null, null) = 41", "createShader(vertex, source 6) = 42",
             "createShader(fragment, source 7) = 43", "createProgram(42, 43, null) = 44",
             "getUniform(44, \"projection\") = 45", "getUniform(44, \"textured\") = 46",
             "getUniform(44, \"background_color\") = 47"));

@@ -56,7 +56,7 @@ TEST_F(CreditsSceneTest, MakesItsObjectsInOrder)
     ASSERT_NE(sky, renderer.calls.end());
     const std::vector<std::string> own(sky + 1, renderer.calls.end());
     ASSERT_EQ(own.size(), 5U);
-    EXPECT_THAT(own[0], HasSubstr("createIndexedBuffer(9, 3, 6, 0, 0, 0)"));
+    EXPECT_THAT(own[0], HasSubstr("createIndexedBuffer(9, 3, 6, null, null, null)"));
     EXPECT_THAT(own[1], HasSubstr("loadTextureDXT(3840, 2160)"));
     EXPECT_THAT(own[2], HasSubstr("createShader(vertex"));
     EXPECT_THAT(own[3], HasSubstr("createShader(fragment"));

@@ -11,6 +11,15 @@ std::vector<Value> copy(const Value* data, unsigned long count)
     return data == nullptr ? std::vector<Value>() : std::vector<Value>(data, data + count);
 }
 
+/// An attribute that may be missing: the number of its floats, or "null".
+std::string attribute(const float* data, unsigned long count)
+{
+    if (data != nullptr) {
+        return fmt::format("{}", count);
+    }
+    return count == 0 ? "null" : fmt::format("null of {}", count);
+}
+
 const char* typeName(zund::Shader::Type type)
 {
     switch (type) {
@@ -78,7 +87,9 @@ zund::VertexArray RecordingRenderer::createIndexedBuffer(const float* positions,
                                                                uvs, uvCount, normals, normalCount, tangents,
                                                                tangentCount, bitangents, bitangentCount);
     calls.push_back(fmt::format("createIndexedBuffer({}, {}, {}, {}, {}, {}) = {}", positionCount, indexCount,
-                                uvCount, normalCount, tangentCount, bitangentCount, made.get()));
+                                attribute(uvs, uvCount), attribute(normals, normalCount),
+                                attribute(tangents, tangentCount), attribute(bitangents, bitangentCount),
+                                made.get()));
     meshes.push_back({copy(positions, positionCount), copy(indices, indexCount), copy(uvs, uvCount),
                       copy(normals, normalCount), copy(tangents, tangentCount),
                       copy(bitangents, bitangentCount), made.get()});
@@ -106,36 +117,43 @@ zund::ShaderProgram RecordingRenderer::createProgram(const zund::Shader& first, 
 void RecordingRenderer::deleteShader(zund::Shader& shader)
 {
     calls.push_back(fmt::format("deleteShader({})", shader.get()));
+    shader = zund::Shader();
 }
 
 void RecordingRenderer::deleteProgram(zund::ShaderProgram& program)
 {
     calls.push_back(fmt::format("deleteProgram({})", program.get()));
+    program = zund::ShaderProgram();
 }
 
 void RecordingRenderer::deleteVertexArray(zund::VertexArray& vertexArray)
 {
     calls.push_back(fmt::format("deleteVertexArray({})", vertexArray.get()));
+    vertexArray = zund::VertexArray();
 }
 
 void RecordingRenderer::deleteBuffer(zund::VertexBuffer& buffer)
 {
     calls.push_back(fmt::format("deleteBuffer({})", buffer.get()));
+    buffer = zund::VertexBuffer();
 }
 
 void RecordingRenderer::deleteTexture(zund::Texture& texture)
 {
     calls.push_back(fmt::format("deleteTexture({})", texture.get()));
+    texture = zund::Texture();
 }
 
 void RecordingRenderer::deleteRenderBuffer(zund::RenderBuffer& renderBuffer)
 {
     calls.push_back(fmt::format("deleteRenderBuffer({})", renderBuffer.get()));
+    renderBuffer = zund::RenderBuffer();
 }
 
 void RecordingRenderer::deleteFrameBuffer(zund::FrameBuffer& frameBuffer)
 {
     calls.push_back(fmt::format("deleteFrameBuffer({})", frameBuffer.get()));
+    frameBuffer = zund::FrameBuffer();
 }
 
 void RecordingRenderer::render(const std::vector<zund::DrawCommand>& commands)
@@ -182,14 +200,16 @@ zund::Texture RecordingRenderer::createTexture1d(int width)
     return made;
 }
 
-void RecordingRenderer::uploadTexture2d(zund::Texture& texture, int width, int height, const void* /*data*/)
+void RecordingRenderer::uploadTexture2d(zund::Texture& texture, int width, int height, const void* data)
 {
     calls.push_back(fmt::format("uploadTexture2d({}, {}, {})", texture.get(), width, height));
+    uploads.push_back(data);
 }
 
-void RecordingRenderer::uploadTexture1d(zund::Texture& texture, int width, const void* /*data*/)
+void RecordingRenderer::uploadTexture1d(zund::Texture& texture, int width, const void* data)
 {
     calls.push_back(fmt::format("uploadTexture1d({}, {})", texture.get(), width));
+    uploads.push_back(data);
 }
 
 zund::Texture RecordingRenderer::createCubemap()
@@ -199,9 +219,10 @@ zund::Texture RecordingRenderer::createCubemap()
     return made;
 }
 
-void RecordingRenderer::uploadCubemap(zund::Texture& texture, int width, int height, const void** /*faces*/)
+void RecordingRenderer::uploadCubemap(zund::Texture& texture, int width, int height, const void** faces)
 {
     calls.push_back(fmt::format("uploadCubemap({}, {}, {})", texture.get(), width, height));
+    uploads.insert(uploads.end(), faces, faces + 6);
 }
 
 zund::RenderBuffer RecordingRenderer::createRenderBuffer2d(int width, int height)

@@ -8,7 +8,8 @@
 
 /// A renderer that makes nothing and writes everything down. A call reads
 /// "createTexture2d(RGB16F, 320, 200) = 5". Shader texts are kept whole, and stand in calls by the order of
-/// their first appearance: "source 1".
+/// their first appearance: "source 1". An attribute of a mesh is the number of its floats, "null" without
+/// any. A delete resets its handle.
 class RecordingRenderer : public tools::renderers::NullRenderer {
 public:
     /// A mesh as `createIndexedBuffer` got it; what was null is empty.
@@ -37,6 +38,7 @@ public:
     std::vector<std::string> sources;                   ///< each text once
     std::vector<Mesh> meshes;                           ///< in order of `createIndexedBuffer`
     std::vector<Texture> textures;                      ///< in order of `loadTextureDXT`
+    std::vector<const void*> uploads;                   ///< the data of each upload; six for a cube map
     std::map<int, Program> programs;                    ///< by handle; the first two shaders of each
     std::map<int, std::string> uniformNames;            ///< by location
     std::vector<std::vector<zund::DrawCommand>> frames; ///< the lists given to `render`
