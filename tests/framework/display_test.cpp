@@ -6,6 +6,7 @@
 #include "gl/exception.h"
 #include "gl/gl-wrapper.h"
 #include "tests/support/refused_calls.h"
+#include "tests/support/sdl_names.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -61,26 +62,6 @@ void note(const Parts&... parts)
     libraries.calls.push_back(line.str());
 }
 
-std::string nameOf(SDL_GLattr attribute)
-{
-    switch (attribute) {
-    case SDL_GL_CONTEXT_FLAGS:
-        return "CONTEXT_FLAGS";
-    case SDL_GL_CONTEXT_PROFILE_MASK:
-        return "CONTEXT_PROFILE_MASK";
-    case SDL_GL_CONTEXT_MAJOR_VERSION:
-        return "CONTEXT_MAJOR_VERSION";
-    case SDL_GL_CONTEXT_MINOR_VERSION:
-        return "CONTEXT_MINOR_VERSION";
-    case SDL_GL_DOUBLEBUFFER:
-        return "DOUBLEBUFFER";
-    case SDL_GL_DEPTH_SIZE:
-        return "DEPTH_SIZE";
-    default:
-        return "attribute " + std::to_string(static_cast<int>(attribute));
-    }
-}
-
 void GLAPIENTRY debugMessageCallback(GLDEBUGPROC /*callback*/, const void* /*userParam*/)
 {
     note("glDebugMessageCallback");
@@ -115,7 +96,7 @@ void SDL_Quit()
 
 int SDL_GL_SetAttribute(SDL_GLattr attr, int value)
 {
-    note("SDL_GL_SetAttribute ", nameOf(attr), " ", value);
+    note("SDL_GL_SetAttribute ", attributeName(attr), " ", value);
     return -1; // no one looks
 }
 

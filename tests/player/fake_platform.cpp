@@ -1,12 +1,28 @@
 #include "tests/player/fake_platform.h"
 
+#include "tests/support/sdl_names.h"
+
 #include <SDL_mixer.h>
 #include <fmt/format.h>
+#include <gtest/gtest.h>
 
 namespace {
 
 FakePlatform* platform = nullptr;
-int token = 0; // something to point at
+
+// Never looked into, only passed around.
+int windowObject = 0;
+int musicObject = 0;
+SDL_Window* const theWindow = reinterpret_cast<SDL_Window*>(&windowObject);
+Mix_Music* const theMusic = reinterpret_cast<Mix_Music*>(&musicObject);
+
+std::string nameOf(const void* object)
+{
+    if (object == theWindow) {
+        return "window";
+    }
+    return object == theMusic ? "music" : "something else";
+}
 
 void note(std::string call)
 {
@@ -58,38 +74,39 @@ void SDL_Quit()
     note("SDL_Quit()");
 }
 
-int SDL_GL_SetAttribute(SDL_GLattr /*attribute*/, int /*value*/)
+int SDL_GL_SetAttribute(SDL_GLattr attribute, int value)
 {
+    note(fmt::format("SDL_GL_SetAttribute({}, {})", attributeName(attribute), value));
     return 0;
 }
 
-SDL_bool SDL_SetHint(const char* /*name*/, const char* /*value*/)
+SDL_bool SDL_SetHint(const char* name, const char* value)
 {
+    note(fmt::format("SDL_SetHint({}, {})", name, value));
     return SDL_TRUE;
 }
 
-SDL_Window* SDL_CreateWindow(const char* title, int /*x*/, int /*y*/, int w, int h, Uint32 flags)
+SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint32 flags)
 {
-    note(fmt::format("SDL_CreateWindow({}, {}, {}, 0x{:X})", title, w, h, flags));
-    return reinterpret_cast<SDL_Window*>(&token);
+    note(fmt::format("SDL_CreateWindow({}, 0x{:X}, 0x{:X}, {}, {}, 0x{:X})", title, x, y, w, h, flags));
+    return theWindow;
 }
 
-void SDL_DestroyWindow(SDL_Window* /*window*/)
+void SDL_DestroyWindow(SDL_Window* window)
 {
-    note("SDL_DestroyWindow()");
+    note("SDL_DestroyWindow(" + nameOf(window) + ")");
 }
 
-void SDL_GL_GetDrawableSize(SDL_Window* /*window*/, int* w, int* h)
+void SDL_GL_GetDrawableSize(SDL_Window* window, int* w, int* h)
 {
-    note("SDL_GL_GetDrawableSize()");
+    note("SDL_GL_GetDrawableSize(" + nameOf(window) + ")");
     *w = 640;
     *h = 360;
-    platform->whileConstructing();
 }
 
-void SDL_GL_SwapWindow(SDL_Window* /*window*/)
+void SDL_GL_SwapWindow(SDL_Window* window)
 {
-    note("SDL_GL_SwapWindow()");
+    note("SDL_GL_SwapWindow(" + nameOf(window) + ")");
 }
 
 Uint32 SDL_GetTicks()
@@ -110,9 +127,10 @@ void SDL_Delay(Uint32 ms)
 int SDL_PollEvent(SDL_Event* event)
 {
     std::vector<SDL_Event>& queue = platform->queue;
-    // The first look of a frame.
-    if (!platform->gl.calls.empty() && platform->gl.calls.back() == "SDL_GetTicks()") {
-        note("SDL_PollEvent()");
+    const std::vector<std::string>& calls = platform->gl.calls;
+    const bool firstOfTheFrame = !calls.empty() && calls.back() == "SDL_GetTicks()";
+    note("SDL_PollEvent()");
+    if (firstOfTheFrame) {
         if (!platform->events.empty()) {
             queue = platform->events.front();
             platform->events.pop_front();
@@ -125,7 +143,7 @@ int SDL_PollEvent(SDL_Event* event)
     }
     *event = queue.front();
     queue.erase(queue.begin());
-    return 1;
+    return platform->pollAnswer;
 }
 
 int Mix_Init(int flags)
@@ -153,21 +171,24 @@ void Mix_CloseAudio()
 Mix_Music* Mix_LoadMUS(const char* file)
 {
     note(fmt::format("Mix_LoadMUS({})", file));
-    return reinterpret_cast<Mix_Music*>(&token);
+    return theMusic;
 }
 
-int Mix_PlayMusic(Mix_Music* /*music*/, int loops)
+int Mix_PlayMusic(Mix_Music* music, int loops)
 {
-    note(fmt::format("Mix_PlayMusic({})", loops));
-    platform->whenMusicStarts();
+    note(fmt::format("Mix_PlayMusic({}, {})", nameOf(music), loops));
     return 0;
 }
 
-double Mix_GetMusicPosition(Mix_Music* /*music*/)
+double Mix_GetMusicPosition(Mix_Music* music)
 {
+    if (platform->positions.empty()) {
+        ADD_FAILURE() << "the position is asked for more than once a frame";
+        return 0.0;
+    }
     const double position = platform->positions.front();
     platform->positions.pop_front();
-    note(fmt::format("Mix_GetMusicPosition() = {}", position));
+    note(fmt::format("Mix_GetMusicPosition({}) = {}", nameOf(music), position));
     return position;
 }
 

@@ -4,14 +4,12 @@
 
 #include <SDL.h>
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
 /// Stands in for SDL, SDL_mixer and the driver while the show's entry point runs: all calls go into one
-/// record, and time, events and the position of the music are what the test says.
-///
-/// SDL's calls read as in a program; calls whose arguments say nothing here come without.
+/// record, and time, events and the position of the music are what the test says. A call reads as in a
+/// program; window and music are the words.
 struct FakePlatform {
     FakePlatform();
     ~FakePlatform();
@@ -27,11 +25,8 @@ struct FakePlatform {
     /// Events of each frame; a frame beyond them has none.
     std::deque<std::vector<SDL_Event>> events;
     std::vector<SDL_Event> queue; ///< of the frame that runs
+    int pollAnswer = 1;           ///< of SDL_PollEvent where an event waits
     std::deque<Uint32> ticks;     ///< what the clock reads; afterwards it stands still
-    std::function<void()> whileConstructing = [] {
-    }; ///< called by SDL_GL_GetDrawableSize
-    std::function<void()> whenMusicStarts = [] {
-    }; ///< called by Mix_PlayMusic
 };
 
 /// An event of a type; of a key, if one is given.

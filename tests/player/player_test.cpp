@@ -3,6 +3,7 @@
 #include "scenes/catalogue.h"
 #include "sync/tools.h"
 #include "tests/player/fake_platform.h"
+#include "tests/player/show_output.h"
 #include "tests/standins/model_boxes.h"
 #include "tests/standins/stand_ins.h"
 #include "tests/support/test_assets.h"
@@ -21,27 +22,35 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::EndsWith;
+using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 using testing::ThrowsMessage;
 
 using Calls = std::vector<std::string>;
 
 constexpr double secondsPerRow = 60.0 / (tempo::beatsPerMinute * tempo::rowsPerBeat);
 
-/// The calls that say how the show runs. The driver's are left out, but for one line each where the window is
-/// cleared from outside a scene, and where a scene is drawn.
+/// The calls that say how the show runs. The driver's are left out while the scenes are built and while one
+/// draws, which is one line; of those at the end the deletes stay.
 Calls outline(const Calls& calls)
 {
     Calls lines;
+    bool leftOut = true;
     for (const std::string& call : calls) {
-        if (call.starts_with("glDrawElements")) {
-            if (lines.empty() || lines.back() != "drawing") {
+        if (call.starts_with("glDrawElements") && leftOut) {
+            if (lines.back() != "drawing") {
                 lines.emplace_back("drawing");
             }
-        } else if (!call.starts_with("gl") || call.starts_with("glClearColor") ||
-                   call.starts_with("glDelete")) {
+        } else if (!call.starts_with("gl") || !leftOut || call.starts_with("glDelete")) {
             lines.push_back(call);
+        }
+        if (call.starts_with("Mix_PlayMusic")) {
+            leftOut = false;
+        } else if (call.starts_with("draw(")) {
+            leftOut = true;
+        } else if (call == "drawn") {
+            leftOut = false;
         }
     }
     return lines;
@@ -90,16 +99,29 @@ protected:
             platform.positions.push_back(row * secondsPerRow);
         }
         testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
         const int status = runShow();
         output = testing::internal::GetCapturedStdout();
+        errors = testing::internal::GetCapturedStderr();
         calls = platform.gl.take();
         lines = outline(calls);
         return status;
     }
 
+    /// Of `lines` those that say which scene runs.
+    Calls sceneCalls() const
+    {
+        Calls found;
+        std::copy_if(lines.begin(), lines.end(), std::back_inserter(found), [](const std::string& line) {
+            return line.starts_with("update(") || line.starts_with("draw(");
+        });
+        return found;
+    }
+
     ShowFolder folder;
     FakePlatform platform;
     std::string output;
+    std::string errors;
     Calls calls;
     Calls lines; ///< of `calls`
 };
@@ -109,81 +131,79 @@ protected:
 TEST_F(Player, BuildsEverythingInOrderBeforeTheMusicStarts)
 {
     run({64.0});
-    EXPECT_THAT(upTo(lines, "SDL_GetTicks()"),
-                ElementsAre("SDL_ShowCursor(0)", "SDL_Init(32)",
-                            "SDL_CreateWindow(vesperal, 1920, 1080, 0x1007)", "SDL_GL_CreateContext()",
-                            "SDL_GL_SetSwapInterval(1)", "Mix_Init(16)",
-                            "Mix_OpenAudio(44100, 0x8010, 2, 1024)", "Mix_LoadMUS(assets/house99.ogg)",
-                            "SDL_GL_GetDrawableSize()", "Mix_PlayMusic(1)"));
-    EXPECT_THAT(from(calls, "Mix_PlayMusic(1)"), Not(Contains(testing::StartsWith("glCompileShader"))));
-    EXPECT_THAT(from(calls, "Mix_PlayMusic(1)"),
-                Not(Contains(testing::StartsWith("glCompressedTexImage2D"))));
-}
-
-TEST_F(Player, TakesThePackOnceTheMusicIsLoadedAndBeforeItAsksForTheResolution)
-{
-    bool packOpened = false;
-    std::filesystem::rename(folder.asset("assets.pack"), folder.asset("hidden"));
-    std::filesystem::create_symlink("hidden", folder.asset("assets.pack"));
-    platform.whileConstructing = [&] {
-        // The mapping is there by now: it shows in the list of the process.
-        std::ifstream maps("/proc/self/maps");
-        const std::string all{std::istreambuf_iterator<char>(maps), {}};
-        packOpened = all.find(folder.asset("hidden").string()) != std::string::npos;
-    };
-    run({64.0});
-    EXPECT_TRUE(packOpened);
-}
-
-TEST_F(Player, LooksTheSceneTrackUpAfterTheMusicHasStarted)
-{
-    platform.whenMusicStarts = [&] {
-        folder.writeTrack("scene", {{0, 6.5F, 0}, {8, -1.0F, 0}});
-    };
-    EXPECT_EQ(run({0.0, 8.0}), 0);
-    EXPECT_EQ(countOf(lines, "drawing"), 0);
-}
-
-TEST_F(Player, BuildsTheScenesInOrder)
-{
-    // Told by the sizes of the textures that each of them loads.
-    run({64.0});
-    std::vector<std::string> uploads;
-    for (const std::string& call : upTo(calls, "Mix_PlayMusic(1)")) {
-        if (call.starts_with("glCompressedTexImage2D")) {
-            uploads.emplace_back(call.find("3840") != std::string::npos ? "frame" : "surface");
-        }
-    }
-    std::vector<std::string> wanted(11, "surface");               // the room
-    wanted.insert(wanted.end(), {"surface", "surface"});          // bottle, band
-    wanted.insert(wanted.end(), {"surface", "frame"});            // box, text
-    wanted.insert(wanted.end(), {"surface", "surface", "frame"}); // sofa, text
-    wanted.insert(wanted.end(), {"frame", "frame"});              // queue
-    wanted.insert(wanted.end(), {"frame"});                       // title
-    EXPECT_EQ(uploads, wanted);
+    EXPECT_THAT(
+        upTo(lines, "SDL_GetTicks()"),
+        ElementsAre("SDL_ShowCursor(0)", //
+                    "Display(1080p, true, true, true)", "SDL_Init(32)",
+                    "SDL_GL_SetAttribute(CONTEXT_FLAGS, 1)", "SDL_GL_SetAttribute(CONTEXT_PROFILE_MASK, 1)",
+                    "SDL_GL_SetAttribute(CONTEXT_MAJOR_VERSION, 4)",
+                    "SDL_GL_SetAttribute(CONTEXT_MINOR_VERSION, 5)", "SDL_GL_SetAttribute(DOUBLEBUFFER, 1)",
+                    "SDL_GL_SetAttribute(DEPTH_SIZE, 24)", "SDL_SetHint(SDL_VIDEO_MINIMIZE_ON_FOCUS_LOSS, 0)",
+                    "SDL_CreateWindow(vesperal, 0x2FFF0000, 0x2FFF0000, 1920, 1080, 0x1007)",
+                    "SDL_GL_CreateContext()", "SDL_GL_SetSwapInterval(1)", //
+                    "SyncDevice(assets/sync, 128, 16)",                    //
+                    "Mix_Init(16)", "Mix_OpenAudio(44100, 0x8010, 2, 1024)",
+                    "Mix_LoadMUS(assets/house99.ogg)", //
+                    "Packfile(assets/assets.pack)",    //
+                    "SDL_GL_GetDrawableSize(window)",  //
+                    "RoomScene(640, 360)", "BottleScene(640, 360)", "BurgerScene(640, 360)",
+                    "PeopleScene(640, 360)", "ToiletScene(640, 360)", "CreditsScene(640, 360)", //
+                    "Mix_PlayMusic(music, 1)", "getTrack(scene)"));
+    EXPECT_THAT(from(calls, "Mix_PlayMusic(music, 1)"), Not(Contains(StartsWith("glCompileShader"))));
+    EXPECT_THAT(from(calls, "Mix_PlayMusic(music, 1)"), Not(Contains(StartsWith("glCompressedTexImage2D"))));
 }
 
 TEST_F(Player, RunsAFrameFromTheClockToTheDelay)
 {
-    run({0.0, 64.0});
+    EXPECT_EQ(run({8.0, 64.0}), 0);
     const Calls running = from(lines, "SDL_GetTicks()");
-    EXPECT_THAT(Calls(running.begin(), running.begin() + 8),
-                ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition() = 0", screenClear,
-                            "drawing", "SDL_GL_SwapWindow()", "SDL_GetTicks()", "SDL_Delay(41)"));
+    EXPECT_THAT(upTo(running, "SDL_Delay(41)"),
+                ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition(music) = 0.234375",
+                            "getValue(scene, 8)", screenClear, "glClear(0x4100)", "update(Credits, 0.234375)",
+                            "draw(Credits, 0.234375)", "drawing", "drawn", "SDL_GL_SwapWindow(window)",
+                            "SDL_GetTicks()"));
+    EXPECT_EQ(countOf(running, "SDL_Delay(41)"), 1);
+    EXPECT_EQ(countOf(running, "SDL_GetTicks()"), 3); // the last one is of the frame that ends the show
+}
+
+TEST_F(Player, TestsTheDepthOfAllThatItDraws)
+{
+    run({8.0, 64.0});
+    // Two targets and the window are cleared; backdrop, title and two passes are drawn.
+    EXPECT_EQ(countOf(calls, "glEnable(GL_DEPTH_TEST)"), 3 + 1 + 1 + 2);
+}
+
+TEST_F(Player, UpdatesAndThenDrawsTheSceneOnScreenAndNoOther)
+{
+    folder.writeTrack("scene", {{0, 4.0F, 0},
+                                {8, 9.0F, 0},
+                                {16, 6.0F, 0},
+                                {24, 1.0F, 0},
+                                {32, 8.0F, 0},
+                                {40, 5.0F, 0},
+                                {48, 7.0F, 0},
+                                {64, -1.0F, 0}});
+    EXPECT_EQ(run({0.0, 8.0, 16.0, 24.0, 32.0, 40.0, 48.0, 64.0}), 0);
+    EXPECT_THAT(sceneCalls(),
+                ElementsAre("update(Room, 0)", "draw(Room, 0)", "update(People, 0.234375)",
+                            "draw(People, 0.234375)", "update(Bottle, 0.46875)", "draw(Bottle, 0.46875)",
+                            "update(Toilet, 0.9375)", "draw(Toilet, 0.9375)", "update(Credits, 1.171875)",
+                            "draw(Credits, 1.171875)", "update(Burger, 1.40625)", "draw(Burger, 1.40625)"));
 }
 
 TEST_F(Player, EndsAtMinusOneHavingClearedButNeitherSwappedNorWaited)
 {
     EXPECT_EQ(run({64.0}), 0);
     const Calls running = upTo(from(lines, "SDL_GetTicks()"), "Mix_CloseAudio()");
-    EXPECT_THAT(running, ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition() = 1.875",
-                                     screenClear));
+    EXPECT_THAT(running,
+                ElementsAre("SDL_GetTicks()", "SDL_PollEvent()", "Mix_GetMusicPosition(music) = 1.875",
+                            "getValue(scene, 64)", screenClear, "glClear(0x4100)"));
 }
 
 TEST_F(Player, EndsOnTheFirstFrameThatReachesTheRow)
 {
     EXPECT_EQ(run({0.0, 63.999, 64.25, 70.0}), 0);
-    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow(window)"), 2);
     EXPECT_EQ(platform.positions.size(), 1U); // the last one was not asked for
 }
 
@@ -207,16 +227,17 @@ TEST_F(Player, TearsDownInReverseWithTheDisplayLast)
     ASSERT_GE(end.size(), 6U);
     EXPECT_EQ(end[0], "Mix_CloseAudio()");
     EXPECT_EQ(end[1], "Mix_Quit()");
-    EXPECT_THAT(end[2], testing::StartsWith("glDeleteVertexArrays"));
+    EXPECT_THAT(end[2], StartsWith("glDeleteVertexArrays"));
     EXPECT_THAT(Calls(end.end() - 3, end.end()),
-                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow()", "SDL_Quit()"));
+                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow(window)", "SDL_Quit()"));
 }
 
 TEST_F(Player, SaysOnlyWhatTheSyncDeviceAndTheModelsSay)
 {
-    run({64.0});
-    EXPECT_THAT(output, testing::StartsWith("syncdevice: Rocket sync device created\n"));
-    EXPECT_THAT(output, EndsWith("syncdevice: Rocket sync device destroyed\n"));
+    run({0.0, 64.0});
+    EXPECT_THAT(errors, IsEmpty());
+    // Models of room, bottle, burger, people and toilet.
+    EXPECT_THAT(output, SaysNoMoreThanTheShow(14 + 1 + 7 + 5 + 2));
 }
 
 TEST_F(Player, EndsByItsViewerWithNothingOfThatFrame)
@@ -224,7 +245,7 @@ TEST_F(Player, EndsByItsViewerWithNothingOfThatFrame)
     platform.events = {{}, {makeEvent(SDL_QUIT)}};
     EXPECT_EQ(run({0.0, 1.0}), 1);
     EXPECT_EQ(countOf(lines, screenClear), 1);
-    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 1);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow(window)"), 1);
     EXPECT_EQ(platform.positions.size(), 1U);
     EXPECT_EQ(countOf(lines, "SDL_Quit()"), 1);
 }
@@ -234,7 +255,7 @@ TEST_F(Player, EndsWhenEscIsReleasedAndNotBefore)
     const SDL_Event press = makeEvent(SDL_KEYDOWN, SDLK_ESCAPE);
     platform.events = {{press}, {press, press}, {makeEvent(SDL_KEYUP, SDLK_ESCAPE)}};
     EXPECT_EQ(run({0.0, 1.0, 2.0, 3.0}), 1);
-    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow(window)"), 2);
 }
 
 TEST_F(Player, ShowsANearBlackFrameWithoutASceneTrack)
@@ -243,7 +264,7 @@ TEST_F(Player, ShowsANearBlackFrameWithoutASceneTrack)
     EXPECT_EQ(run({0.0, 5000.0}), 1); // only the viewer ends it
     EXPECT_EQ(countOf(lines, "drawing"), 0);
     EXPECT_EQ(countOf(lines, screenClear), 2);
-    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 2);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow(window)"), 2);
 }
 
 TEST_F(Player, SelectsNothingHalfwayBetweenTwoScenes)
@@ -262,14 +283,15 @@ TEST_F(Player, LeavesAFailureToTheRuntime)
               "syncdevice: Rocket sync device created\nsyncdevice: Rocket sync device destroyed\n");
     lines = outline(platform.gl.take());
     EXPECT_THAT(Calls(lines.end() - 3, lines.end()),
-                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow()", "SDL_Quit()"));
+                ElementsAre("SDL_GL_DeleteContext(context)", "SDL_DestroyWindow(window)", "SDL_Quit()"));
 }
 
-// Each value of the scene track, and the scene that runs, told by the number of its draws.
+// Each value of the scene track, and the scene that runs.
 
 struct SceneValue {
     const char* name;
     float value;
+    const char* scene; ///< null: none
     int draws;
 };
 
@@ -278,37 +300,43 @@ class SceneSelection : public Player, public testing::WithParamInterface<SceneVa
 TEST_P(SceneSelection, ComparesExactly)
 {
     folder.writeTrack("scene", {{0, GetParam().value, 0}, {32, -1.0F, 0}});
-    EXPECT_EQ(run({3.0, 32.0}), 0);
+    EXPECT_EQ(run({8.0, 32.0}), 0);
+    Calls expected;
+    if (GetParam().scene != nullptr) {
+        const std::string arguments = std::string(GetParam().scene) + ", 0.234375)";
+        expected = {"update(" + arguments, "draw(" + arguments};
+    }
+    EXPECT_EQ(sceneCalls(), expected);
     EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
                             [](const std::string& call) { return call.starts_with("glDrawElements"); }),
               GetParam().draws);
     EXPECT_EQ(countOf(lines, screenClear), 2);
-    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow()"), 1);
+    EXPECT_EQ(countOf(lines, "SDL_GL_SwapWindow(window)"), 1);
     EXPECT_EQ(countOf(lines, "SDL_Delay(41)"), 1);
 }
 
 // clang-format off
 // Draws: a backdrop, the visible items, two passes.
 constexpr SceneValue sceneValues[] = {
-    // name            value        draws
-    {"Zero",           0.0F,        0},
-    {"One",            1.0F,        0},
-    {"Two",            2.0F,        0},
-    {"Three",          3.0F,        0},
-    {"Room",           4.0F,        1 + 23 + 2},
-    {"Credits",        5.0F,        1 + 1 + 2},
-    {"Bottle",         6.0F,        1 + 11 + 2},
-    {"Burger",         7.0F,        1 + 9 + 2}, // without its text
-    {"Toilet",         8.0F,        1 + 3 + 2},
-    {"People",         9.0F,        1 + 7 + 2},
-    {"Half",           5.5F,        0},
-    {"JustBelow",      4.9999995F,  0},
-    {"JustAbove",      5.0000005F,  0},
-    {"Ten",            10.0F,       0},
-    {"MinusTwo",       -2.0F,       0},
-    {"NearMinusOne",   -1.0000001F, 0},
-    {"NotANumber",     std::numeric_limits<float>::quiet_NaN(), 0},
-    {"Infinity",       std::numeric_limits<float>::infinity(), 0},
+    // name            value        scene       draws
+    {"Zero",           0.0F,        nullptr,    0},
+    {"One",            1.0F,        nullptr,    0},
+    {"Two",            2.0F,        nullptr,    0},
+    {"Three",          3.0F,        nullptr,    0},
+    {"Room",           4.0F,        "Room",     1 + 23 + 2},
+    {"Credits",        5.0F,        "Credits",  1 + 1 + 2},
+    {"Bottle",         6.0F,        "Bottle",   1 + 11 + 2},
+    {"Burger",         7.0F,        "Burger",   1 + 9 + 2}, // without its text
+    {"Toilet",         8.0F,        "Toilet",   1 + 3 + 2},
+    {"People",         9.0F,        "People",   1 + 7 + 2},
+    {"Half",           5.5F,        nullptr,    0},
+    {"JustBelow",      4.9999995F,  nullptr,    0},
+    {"JustAbove",      5.0000005F,  nullptr,    0},
+    {"Ten",            10.0F,       nullptr,    0},
+    {"MinusTwo",       -2.0F,       nullptr,    0},
+    {"NearMinusOne",   -1.0000001F, nullptr,    0},
+    {"NotANumber",     std::numeric_limits<float>::quiet_NaN(), nullptr, 0},
+    {"Infinity",       std::numeric_limits<float>::infinity(), nullptr, 0},
 };
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(All, SceneSelection, testing::ValuesIn(sceneValues),
@@ -380,4 +408,14 @@ TEST_F(Events, BehindTheOneThatEndsTheShowStayUnread)
                       makeEvent(SDL_QUIT)};
     EXPECT_FALSE(handleEvents());
     EXPECT_EQ(platform.queue.size(), 2U);
+}
+
+TEST_F(Events, AreOverAtAnyAnswerButOne)
+{
+    for (const int answer : {-1, 2}) {
+        platform.pollAnswer = answer;
+        platform.queue = {makeEvent(SDL_QUIT), makeEvent(SDL_QUIT)};
+        EXPECT_TRUE(handleEvents()) << answer;
+        EXPECT_EQ(platform.queue.size(), 1U) << answer;
+    }
 }
