@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -305,7 +306,7 @@ TEST_F(PackfileTest, FailsWithoutAStatusAndTellsItsErrorNotThatOfTheClose)
     EXPECT_EQ(messageOf<std::system_error>(open),
               std::string("failed to stat packfile: ") + std::strerror(EOVERFLOW));
     EXPECT_EQ(codeOf(open), std::error_code(EOVERFLOW, std::generic_category()));
-    EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "close", "fstat", "close"));
+    EXPECT_THAT(systemCalls.calls, ElementsAre("open", "fstat", "close", "open", "fstat", "close"));
     EXPECT_THAT(descriptorsOf(path), IsEmpty());
 }
 
@@ -316,7 +317,7 @@ TEST_F(PackfileTest, FailsOnAnEmptyFileWithoutMappingIt)
         const Packfile pack(written(""));
     };
     EXPECT_EQ(messageOf<std::runtime_error>(open), "packfile is empty");
-    EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "close"));
+    EXPECT_THAT(systemCalls.calls, ElementsAre("open", "fstat", "close"));
     EXPECT_THAT(descriptorsOf(path), IsEmpty());
 }
 
@@ -331,7 +332,8 @@ TEST_F(PackfileTest, FailsWithoutAMappingAndTellsItsErrorNotThatOfTheClose)
     EXPECT_EQ(messageOf<std::system_error>(open),
               std::string("failed to mmap packfile: ") + std::strerror(ENOMEM));
     EXPECT_EQ(codeOf(open), std::error_code(ENOMEM, std::generic_category()));
-    EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "mmap", "close", "fstat", "mmap", "close"));
+    EXPECT_THAT(systemCalls.calls,
+                ElementsAre("open", "fstat", "mmap", "close", "open", "fstat", "mmap", "close"));
     EXPECT_THAT(descriptorsOf(path), IsEmpty());
 }
 
@@ -373,7 +375,7 @@ TEST_P(BadPackfile, LeavesDescriptorAndMappingBehind)
 {
     const WatchedSystemCalls watched;
     EXPECT_ANY_THROW({ const Packfile pack(written(GetParam().content)); });
-    EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "mmap"));
+    EXPECT_THAT(systemCalls.calls, ElementsAre("open", "fstat", "mmap"));
     EXPECT_EQ(descriptorsOf(path).size(), 1U);
     EXPECT_EQ(mappingsOf(path), 1U);
     releaseLeftovers();
@@ -474,14 +476,15 @@ TEST_F(PackfileTest, ClosesTheDescriptorAndKeepsTheMappingWhileItLives)
     EXPECT_EQ(mappingsOf(path), 0U);
 }
 
-TEST_F(PackfileTest, MapsTheWholeFileReadOnlyAndUnmapsJustThat)
+TEST_F(PackfileTest, OpensAndMapsTheWholeFileReadOnlyAndUnmapsJustThat)
 {
     const WatchedSystemCalls watched;
     const std::string content = "pkf" + record("a", 0, 1) + std::string(10000, 'x');
     {
         const Packfile pack(written(content));
-        EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "mmap", "close"));
+        EXPECT_THAT(systemCalls.calls, ElementsAre("open", "fstat", "mmap", "close"));
     }
+    EXPECT_THAT(systemCalls.opened, ElementsAre(Pair(path, O_RDONLY)));
     ASSERT_EQ(systemCalls.mappings.size(), 1U);
     const SystemCalls::Mapping& mapping = systemCalls.mappings[0];
     EXPECT_EQ(mapping.address, nullptr);
@@ -489,7 +492,7 @@ TEST_F(PackfileTest, MapsTheWholeFileReadOnlyAndUnmapsJustThat)
     EXPECT_EQ(mapping.protection, PROT_READ);
     EXPECT_EQ(mapping.flags, MAP_PRIVATE);
     EXPECT_EQ(mapping.offset, 0);
-    EXPECT_THAT(systemCalls.calls, ElementsAre("fstat", "mmap", "close", "munmap"));
+    EXPECT_THAT(systemCalls.calls, ElementsAre("open", "fstat", "mmap", "close", "munmap"));
     EXPECT_THAT(systemCalls.unmapped, ElementsAre(Pair(mapping.result, content.size())));
 }
 

@@ -1,6 +1,7 @@
 #include "tests/pack/system_calls.h"
 
 #include <cerrno>
+#include <cstdarg>
 #include <sys/mman.h>
 #include <sys/stat.h>
 
@@ -14,6 +15,7 @@ int __real_close(int file);
 int __real_fstat(int file, struct stat* status);
 void* __real_mmap(void* address, std::size_t length, int protection, int flags, int file, off_t offset);
 int __real_munmap(void* address, std::size_t length);
+int __real_open(const char* path, int flags, ...);
 
 int __wrap_close(int file)
 {
@@ -54,6 +56,19 @@ void* __wrap_mmap(void* address, std::size_t length, int protection, int flags, 
     }
     systemCalls.mappings.push_back({address, length, protection, flags, offset, result});
     return result;
+}
+
+int __wrap_open(const char* path, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t); // of no meaning where no file is made
+    va_end(arguments);
+    if (systemCalls.watching) {
+        systemCalls.calls.emplace_back("open");
+        systemCalls.opened.emplace_back(path, flags);
+    }
+    return __real_open(path, flags, mode);
 }
 
 int __wrap_munmap(void* address, std::size_t length)

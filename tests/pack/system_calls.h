@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-/// The system calls as the code under test sees them: the linker sends its `fstat`, `mmap`, `munmap` and
-/// `close` here. Each works as ever until a test has it fail.
+/// The system calls as the code under test sees them: the linker sends its `open`, `fstat`, `mmap`,
+/// `munmap` and `close` here. Each works as ever until a test has it fail.
 struct SystemCalls {
     /// The arguments of a call of `mmap`, and its result.
     struct Mapping {
@@ -24,6 +24,7 @@ struct SystemCalls {
     int mmapError = 0;     ///< what `mmap` fails with; 0: it works
     int closeError = 0;    ///< what `close` leaves in `errno`, having closed
     std::vector<std::string> calls;
+    std::vector<std::pair<std::string, int>> opened; ///< path and flags
     std::vector<Mapping> mappings;
     std::vector<std::pair<void*, std::size_t>> unmapped;
 };
