@@ -70,6 +70,19 @@ TEST_F(RendererRender, LeavesTheFramebufferOfACommandWithoutGeometryBound)
                 ElementsAre("glEnable(GL_DEPTH_TEST)", "glBindFramebuffer(GL_FRAMEBUFFER, 7)"));
 }
 
+TEST_F(RendererRender, TellsGeometryByItsNameNotByTheCountOfItsIndices)
+{
+    DrawCommand command = plainDraw();
+    command.vertexArray = zund::VertexArray(5, 0, 0);
+    EXPECT_THAT(callsOf(command),
+                testing::Contains("glDrawElements(GL_TRIANGLES, 0, GL_UNSIGNED_INT, null)"));
+    command.vertexArray = zund::VertexArray(-1, 0, 36);
+    EXPECT_THAT(callsOf(command),
+                ElementsAre("glEnable(GL_DEPTH_TEST)", "glBindFramebuffer(GL_FRAMEBUFFER, 0)"));
+    command.vertexArray = zund::VertexArray(0, 0, 36);
+    EXPECT_THAT(callsOf(command), testing::Contains("glBindVertexArray(0)").Times(2));
+}
+
 TEST_F(RendererRender, RunsAFullCommandStepByStep)
 {
     DrawCommand command;

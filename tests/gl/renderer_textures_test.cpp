@@ -280,9 +280,11 @@ TEST_F(RendererTextures, RejectAnInvalidHandleBeforeAnyCall)
 
 TEST_F(RendererTextures, RejectACubeMapUploadToAnotherTypeBeforeAnyCall)
 {
-    Texture flat(12, GL_TEXTURE_2D);
-    EXPECT_THAT([&] { renderer.uploadCubemap(flat, 4, 4, cubeFaces); },
-                ThrowsMessage<zund::Exception>("zund: not a cube map!"));
+    for (const unsigned int type : {GL_TEXTURE_2D, GL_TEXTURE_1D, 0}) {
+        Texture other(12, type);
+        EXPECT_THAT([&] { renderer.uploadCubemap(other, 4, 4, cubeFaces); },
+                    ThrowsMessage<zund::Exception>("zund: not a cube map!"));
+    }
     EXPECT_THAT(gl.take(), IsEmpty());
 }
 
