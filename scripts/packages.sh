@@ -4,7 +4,7 @@
 
 build_packages=(
     cmake g++ ninja-build pkg-config
-    libassimp-dev libcli11-dev libfmt-dev libgl-dev libglew-dev libglm-dev libglu1-mesa-dev libsdl2-dev
+    libassimp-dev libcli11-dev libembree-dev libfmt-dev libgl-dev libglew-dev libglm-dev libglu1-mesa-dev libsdl2-dev
     libsdl2-mixer-dev libspng-dev libsquish-dev libstb-dev libvorbis-dev libxxhash-dev
     libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
 video_packages=(ffmpeg)

@@ -2,6 +2,7 @@
 
 #include "tests/tools/modelcheck/imported_boxes.h"
 
+#include <glm/common.hpp>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -33,10 +34,37 @@ TEST(RayCaster, MeetsNothingBehindOrBesideTheRay)
     EXPECT_FALSE(caster.hits({0.0F, 0.1F, 0.2F}, aslant));
 }
 
-TEST(RayCaster, LooksAheadAmongTheTrianglesOfABlock)
+TEST(RayCaster, DoesNotCountTheTriangleThatARayStartsOn)
 {
-    tools::modelcheck::ImportedMesh
-        mesh; // two triangles that face along x, at x = 0 and, higher up, at x = 2
+    const Box box = {{1.0F, -1.0F, -1.0F}, {3.0F, 1.0F, 1.0F}};
+    const RayCaster caster(importedBoxes({&box, 1}));
+    EXPECT_FALSE(caster.hits({3.0F, 0.1F, 0.2F}, right));
+    EXPECT_TRUE(caster.hits({1.0F, 0.1F, 0.2F}, right)); // its other side
+}
+
+TEST(RayCaster, LetsNoRayThroughWhereTrianglesJoin)
+{
+    const Box box = {{-1.3F, -0.7F, -0.9F}, {1.1F, 0.8F, 1.7F}};
+    const tools::modelcheck::ImportedMesh mesh = importedBoxes({&box, 1});
+    const RayCaster caster(mesh);
+    const glm::vec3 inside(0.1F, 0.2F, 0.3F);
+    constexpr int steps = 100;
+    for (const auto& triangle : mesh.triangles) {
+        const auto corners = cornersOf(mesh, triangle);
+        for (std::size_t edge = 0; edge < 3; ++edge) {
+            for (int i = 0; i <= steps; ++i) {
+                const float along = static_cast<float>(i) / steps;
+                const glm::vec3 aim = glm::mix(corners[edge], corners[(edge + 1) % 3], along);
+                EXPECT_TRUE(caster.hits(inside, aim - inside)) << aim.x << ' ' << aim.y << ' ' << aim.z;
+            }
+        }
+    }
+}
+
+TEST(RayCaster, LooksAheadAlongTheRayOnly)
+{
+    // Two triangles that face along x, at x = 0 and, higher up, at x = 2.
+    tools::modelcheck::ImportedMesh mesh;
     mesh.positions = {{0.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 1.0F},
                       {2.0F, 5.0F, 0.0F}, {2.0F, 6.0F, 0.0F}, {2.0F, 5.0F, 1.0F}};
     mesh.triangles = {{0, 1, 2}, {3, 4, 5}};
