@@ -43,7 +43,7 @@ std::size_t aFew(const Subject& model)
 
 std::size_t aFewTriangles(const Subject& model)
 {
-    return model.rules.leaningNormals ? anyNumber : aFew(model);
+    return model.rules.customNormals ? anyNumber : aFew(model);
 }
 
 std::size_t noneWithTexture(const Subject& model)
@@ -51,34 +51,34 @@ std::size_t noneWithTexture(const Subject& model)
     return model.rules.texture == Texture::None ? anyNumber : 0;
 }
 
-std::size_t openEdgesOfModel(const Subject& model)
+std::size_t boundaryEdgesOfModel(const Subject& model)
 {
-    return model.rules.openEdges;
+    return model.rules.visibleBoundaryEdges;
 }
 
 // clang-format off
 constexpr Check checks[] = {
     // one                                      many
-    {"vertex has a normal of no unit length",   "vertices have normals of no unit length",
-     [](const Subject& model) { return normalsNotUnit(model.mesh); },                   none},
-    {"vertex has a tangent of no unit length",  "vertices have tangents of no unit length",
-     [](const Subject& model) { return tangentsNotUnit(model.mesh); },                  none},
-    {"vertex has a bitangent of no unit length", "vertices have bitangents of no unit length",
-     [](const Subject& model) { return bitangentsNotUnit(model.mesh); },                none},
-    {"vertex has normal, tangent and bitangent in one plane", "vertices have normal, tangent and bitangent in one plane",
-     [](const Subject& model) { return flatFrames(model.mesh); },                       aFew},
+    {"vertex has a non-unit normal",            "vertices have non-unit normals",
+     [](const Subject& model) { return nonUnitNormals(model.mesh); },                   none},
+    {"vertex has a non-unit tangent",           "vertices have non-unit tangents",
+     [](const Subject& model) { return nonUnitTangents(model.mesh); },                  none},
+    {"vertex has a non-unit bitangent",         "vertices have non-unit bitangents",
+     [](const Subject& model) { return nonUnitBitangents(model.mesh); },                none},
+    {"vertex has a degenerate tangent frame",   "vertices have degenerate tangent frames",
+     [](const Subject& model) { return degenerateTangentFrames(model.mesh); },          aFew},
     {"vertex lies outside of the texture",      "vertices lie outside of the texture",
      [](const Subject& model) { return uvsOutside(model.mesh); },                       noneWithTexture},
-    {"triangle has no area",                    "triangles have no area",
-     [](const Subject& model) { return model.surface.trianglesWithoutArea(); },         none},
-    {"triangle lies where another lies",        "triangles lie where others lie",
-     [](const Subject& model) { return model.surface.doubledTriangles(); },             none},
+    {"triangle is degenerate",                  "triangles are degenerate",
+     [](const Subject& model) { return model.surface.degenerateTriangles(); },          none},
+    {"triangle is a duplicate",                 "triangles are duplicates",
+     [](const Subject& model) { return model.surface.duplicateTriangles(); },           none},
     {"triangle is wound against its normals",   "triangles are wound against their normals",
      [](const Subject& model) { return model.surface.trianglesAgainstNormals(); },      aFewTriangles},
-    {"closed part is inside out",               "closed parts are inside out",
-     [](const Subject& model) { return model.surface.partsInsideOut(); },               none},
-    {"edge is open where it can be seen",       "edges are open where they can be seen",
-     [](const Subject& model) { return model.surface.visibleOpenEdges(); },             openEdgesOfModel},
+    {"closed component is inside out",          "closed components are inside out",
+     [](const Subject& model) { return model.surface.componentsInsideOut(); },          none},
+    {"boundary edge can be seen",               "boundary edges can be seen",
+     [](const Subject& model) { return model.surface.visibleBoundaryEdges(); },         boundaryEdgesOfModel},
 };
 // clang-format on
 
@@ -178,7 +178,7 @@ ModelReport checkModel(const ImportedMesh& mesh, const ModelRules& rules)
 {
     ModelReport report;
     checkRoot(report, mesh.root);
-    const Finding notFinite = verticesNotFinite(mesh);
+    const Finding notFinite = nonFiniteVertices(mesh);
     const std::string sentence =
         sentenceOf("vertex holds a NaN or an infinity", "vertices hold a NaN or an infinity", notFinite);
     report.details.push_back(sentence);
@@ -187,7 +187,7 @@ ModelReport checkModel(const ImportedMesh& mesh, const ModelRules& rules)
         return report;
     }
     const Subject subject{mesh, rules, Surface(mesh)};
-    report.details.push_back(sentenceOf("edge is open", "edges are open", subject.surface.openEdges()));
+    report.details.push_back(sentenceOf("boundary edge", "boundary edges", subject.surface.boundaryEdges()));
     for (const Check& check : checks) {
         runCheck(report, subject, check);
     }

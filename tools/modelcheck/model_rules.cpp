@@ -15,7 +15,7 @@ constexpr float inf = std::numeric_limits<float>::infinity();
 namespace models = catalogue::models;
 
 constexpr ModelRules rules[] = {
-    // name                     loads  texture          open edges, and whether normals lean
+    // name                     loads  texture          visible boundary edges, and whether normals are custom
     {models::room.name,                1, Texture::Baked,  anyNumber, true}, // cut open towards the viewer; no light bounces in it
     {models::sofa.name,                2, Texture::Baked,  0},
     {models::sofa_legs.name,           2, Texture::None,   120}, // upper ends, inside the sofa

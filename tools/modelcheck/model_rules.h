@@ -13,7 +13,7 @@ enum class Texture {
     Baked,  ///< maps that were computed for it: each place of the model has a place of its own there
 };
 
-/// Number of open edges that models have where sheets end in the open.
+/// Number of boundary edges that models have where sheets end in the open.
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 /// What the show asks of a model besides its place. A default one suits a closed solid in one colour.
@@ -23,9 +23,9 @@ struct ModelRules {
     Texture texture = Texture::None;
     /// Edges with a face on one side only that the model does not hide itself: at most, or `anyNumber`. Back
     /// faces are drawn, but lit wrongly.
-    std::size_t openEdges = 0;
-    bool leaningNormals =
-        false; ///< towards lamps: they don't tell its outside, and judged by them it would be inside out
+    std::size_t visibleBoundaryEdges = 0;
+    /// Bent towards lamps: they don't tell its outside, and judged by them it would be inside out.
+    bool customNormals = false;
 };
 
 /// What of a model is measured, in its own units.

@@ -20,16 +20,16 @@ constexpr float smallestHeight = 1e-6F;  ///< of a triangle over its longest edg
 constexpr float clearlyAgainst = -0.05F; ///< cosine between winding and normal; right angles are noise
 constexpr int sightLines = 100;          ///< from an edge, to look for a way out
 constexpr float sightStart = 1e-4F;      ///< of the diagonal: off the triangles at the edge itself
-/// Of a part, against its area to the power of 3/2, of which a ball has 0.09. Flat parts have hardly a
-/// volume, and it may come out negative.
+/// Of a component, against its area to the power of 3/2, of which a sphere has 0.09. Flat components have
+/// hardly a volume, and it may come out negative.
 constexpr double smallestVolume = 1e-4;
 
-/// Spread evenly over the ball, along a spiral from pole to pole.
-std::vector<glm::vec3> directionsAllRound()
+/// Unit vectors, spread evenly over all directions.
+std::vector<glm::vec3> fibonacciSphere(int points)
 {
     std::vector<glm::vec3> directions;
-    for (int i = 0; i < sightLines; ++i) {
-        const double height = 1.0 - (2.0 * i + 1.0) / sightLines;
+    for (int i = 0; i < points; ++i) {
+        const double height = 1.0 - (2.0 * i + 1.0) / points;
         const double radius = std::sqrt(1.0 - height * height);
         const double angle = 2.0 * std::numbers::pi * std::numbers::phi * i;
         directions.emplace_back(radius * std::cos(angle), height, radius * std::sin(angle));
@@ -37,7 +37,7 @@ std::vector<glm::vec3> directionsAllRound()
     return directions;
 }
 
-float diagonalOf(std::span<const glm::vec3> positions)
+float boundingBoxDiagonal(std::span<const glm::vec3> positions)
 {
     glm::vec3 low = positions.front();
     glm::vec3 high = positions.front();
@@ -67,7 +67,7 @@ bool isCollapsed(const std::array<unsigned int, 3>& triangle)
 }
 
 std::vector<std::array<unsigned int, 2>>
-findOpenEdges(const std::vector<std::array<unsigned int, 3>>& triangles)
+findBoundaryEdges(const std::vector<std::array<unsigned int, 3>>& triangles)
 {
     std::vector<std::array<unsigned int, 2>> edges;
     edges.reserve(3 * triangles.size());
@@ -79,27 +79,49 @@ findOpenEdges(const std::vector<std::array<unsigned int, 3>>& triangles)
         }
     }
     std::sort(edges.begin(), edges.end());
-    std::vector<std::array<unsigned int, 2>> open;
+    std::vector<std::array<unsigned int, 2>> boundary;
     for (auto edge = edges.begin(); edge != edges.end();) {
         const auto next = std::find_if(edge, edges.end(), [&](const auto& other) { return other != *edge; });
         if (next - edge == 1) {
-            open.push_back(*edge);
+            boundary.push_back(*edge);
         }
         edge = next;
     }
-    return open;
+    return boundary;
 }
+
+/// Union-find over the numbers below a count.
+class DisjointSets {
+public:
+    explicit DisjointSets(std::size_t count) : parent(count) { std::iota(parent.begin(), parent.end(), 0U); }
+
+    /// The representative of the element's set.
+    unsigned int find(unsigned int element)
+    {
+        while (parent[element] != element) {
+            parent[element] = parent[parent[element]]; // path halving
+            element = parent[element];
+        }
+        return element;
+    }
+
+    void unite(unsigned int element, unsigned int other) { parent[find(other)] = find(element); }
+
+private:
+    std::vector<unsigned int> parent;
+};
 
 } // namespace
 
-Surface::Surface(const ImportedMesh& mesh) : mesh(mesh), size(diagonalOf(mesh.positions))
+Surface::Surface(const ImportedMesh& mesh) : mesh(mesh), size(boundingBoxDiagonal(mesh.positions))
 {
-    const std::vector<unsigned int> standsFor = weld(mesh.positions, weldingDistance * size);
+    const std::vector<unsigned int> representative = weld(mesh.positions, weldingDistance * size);
     triangles.reserve(mesh.triangles.size());
     for (const Triangle& triangle : mesh.triangles) {
-        triangles.push_back({standsFor[triangle[0]], standsFor[triangle[1]], standsFor[triangle[2]]});
+        triangles.push_back(
+            {representative[triangle[0]], representative[triangle[1]], representative[triangle[2]]});
     }
-    open = findOpenEdges(triangles);
+    boundary = findBoundaryEdges(triangles);
 }
 
 glm::vec3 Surface::middleOfEdge(const Edge& edge) const
@@ -115,7 +137,7 @@ bool Surface::hasArea(const std::array<glm::vec3, 3>& corners) const
     return glm::length(windingOf(corners)) > longest * smallestHeight * size;
 }
 
-Finding Surface::trianglesWithoutArea() const
+Finding Surface::degenerateTriangles() const
 {
     Finding found;
     for (const Triangle& triangle : mesh.triangles) {
@@ -127,7 +149,7 @@ Finding Surface::trianglesWithoutArea() const
     return found;
 }
 
-Finding Surface::doubledTriangles() const
+Finding Surface::duplicateTriangles() const
 {
     std::vector<Triangle> faces;
     for (const Triangle& triangle : triangles) {
@@ -161,21 +183,21 @@ Finding Surface::trianglesAgainstNormals() const
     return found;
 }
 
-Finding Surface::openEdges() const
+Finding Surface::boundaryEdges() const
 {
     Finding found;
-    for (const Edge& edge : open) {
+    for (const Edge& edge : boundary) {
         found.add(middleOfEdge(edge));
     }
     return found;
 }
 
-Finding Surface::visibleOpenEdges() const
+Finding Surface::visibleBoundaryEdges() const
 {
     const RayCaster caster(mesh);
-    const std::vector<glm::vec3> directions = directionsAllRound();
+    const std::vector<glm::vec3> directions = fibonacciSphere(sightLines);
     Finding found;
-    for (const Edge& edge : open) {
+    for (const Edge& edge : boundary) {
         const glm::vec3 middle = middleOfEdge(edge);
         if (std::any_of(directions.begin(), directions.end(), [&](const glm::vec3& direction) {
                 return !caster.hits(middle + sightStart * size * direction, direction);
@@ -187,53 +209,47 @@ Finding Surface::visibleOpenEdges() const
     return found;
 }
 
-std::vector<unsigned int> Surface::partOfEachVertex() const
+std::vector<unsigned int> Surface::connectedComponents() const
 {
-    std::vector<unsigned int> parent(mesh.positions.size());
-    std::iota(parent.begin(), parent.end(), 0U);
-    const auto rootOf = [&parent](unsigned int vertex) {
-        while (parent[vertex] != vertex) {
-            parent[vertex] = parent[parent[vertex]];
-            vertex = parent[vertex];
-        }
-        return vertex;
-    };
+    DisjointSets components(mesh.positions.size());
     for (const Triangle& triangle : triangles) {
-        parent[rootOf(triangle[1])] = rootOf(triangle[0]);
-        parent[rootOf(triangle[2])] = rootOf(triangle[0]);
+        components.unite(triangle[0], triangle[1]);
+        components.unite(triangle[0], triangle[2]);
     }
-    for (unsigned int vertex = 0; vertex < parent.size(); ++vertex) {
-        parent[vertex] = rootOf(vertex);
+    std::vector<unsigned int> representatives;
+    for (unsigned int vertex = 0; vertex < mesh.positions.size(); ++vertex) {
+        representatives.push_back(components.find(vertex));
     }
-    return parent;
+    return representatives;
 }
 
-Finding Surface::partsInsideOut() const
+Finding Surface::componentsInsideOut() const
 {
-    struct Part {
+    struct Component {
         double volume = 0.0;
         double area = 0.0;
         bool closed = true;
     };
-    std::map<unsigned int, Part> parts; // by the vertex that stands for each
-    const std::vector<unsigned int> partOf = partOfEachVertex();
+    std::map<unsigned int, Component> components; // by representative
+    const std::vector<unsigned int> representatives = connectedComponents();
     for (const Triangle& triangle : triangles) {
-        const unsigned int vertex = partOf[triangle[0]];
-        // From a point of the part itself: the small parts of a wide model have volumes near the noise.
+        const unsigned int vertex = representatives[triangle[0]];
+        // From a point of the component itself: in a wide model the volumes of small ones come near the
+        // noise.
         const glm::dvec3 origin = mesh.positions[vertex];
         const glm::dvec3 a = glm::dvec3(mesh.positions[triangle[0]]) - origin;
         const glm::dvec3 b = glm::dvec3(mesh.positions[triangle[1]]) - origin;
         const glm::dvec3 c = glm::dvec3(mesh.positions[triangle[2]]) - origin;
-        Part& part = parts[vertex];
-        part.volume += glm::dot(a, glm::cross(b, c)) / 6.0;
-        part.area += glm::length(glm::cross(b - a, c - a)) / 2.0;
+        Component& component = components[vertex];
+        component.volume += glm::dot(a, glm::cross(b, c)) / 6.0;
+        component.area += glm::length(glm::cross(b - a, c - a)) / 2.0;
     }
-    for (const Edge& edge : open) {
-        parts[partOf[edge[0]]].closed = false;
+    for (const Edge& edge : boundary) {
+        components[representatives[edge[0]]].closed = false;
     }
     Finding found;
-    for (const auto& [vertex, part] : parts) {
-        if (part.closed && part.volume < -smallestVolume * std::pow(part.area, 1.5)) {
+    for (const auto& [vertex, component] : components) {
+        if (component.closed && component.volume < -smallestVolume * std::pow(component.area, 1.5)) {
             found.add(mesh.positions[vertex]);
         }
     }

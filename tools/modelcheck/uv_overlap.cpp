@@ -22,7 +22,7 @@ double cross(const glm::dvec2& a, const glm::dvec2& b)
 
 class CoverageGrid {
 public:
-    /// Counts the cells whose middle is inside; `corners` are in cells.
+    /// Rasterises a triangle, whose corners are in cells: counts the cells whose middle is inside.
     void add(const UvCorners& corners)
     {
         const auto [left, right] = std::minmax({corners[0].x, corners[1].x, corners[2].x});

@@ -8,7 +8,7 @@ namespace tools::modelcheck {
 namespace {
 
 constexpr float lengthTolerance = 1e-2F; ///< the shader normalises: this is about what was meant
-/// Of a frame, against unit vectors square to each other: more than rounding makes.
+/// Of a tangent frame, of which an orthonormal one has 1: more than rounding makes.
 constexpr float smallestVolume = 1e-4F;
 constexpr float uvTolerance = 1e-4F; ///< a fifth of a texel of the largest map
 
@@ -35,7 +35,7 @@ Finding findVertices(const ImportedMesh& mesh, Predicate isBad)
     return found;
 }
 
-Finding vectorsNotUnit(const ImportedMesh& mesh, const std::vector<glm::vec3>& vectors)
+Finding nonUnitVectors(const ImportedMesh& mesh, const std::vector<glm::vec3>& vectors)
 {
     return findVertices(mesh, [&vectors](std::size_t vertex) {
         return std::abs(glm::length(vectors[vertex]) - 1.0F) > lengthTolerance;
@@ -44,7 +44,7 @@ Finding vectorsNotUnit(const ImportedMesh& mesh, const std::vector<glm::vec3>& v
 
 } // namespace
 
-Finding verticesNotFinite(const ImportedMesh& mesh)
+Finding nonFiniteVertices(const ImportedMesh& mesh)
 {
     return findVertices(mesh, [&mesh](std::size_t vertex) {
         return !isFinite(mesh.positions[vertex]) || !isFinite(mesh.normals[vertex]) ||
@@ -53,22 +53,22 @@ Finding verticesNotFinite(const ImportedMesh& mesh)
     });
 }
 
-Finding normalsNotUnit(const ImportedMesh& mesh)
+Finding nonUnitNormals(const ImportedMesh& mesh)
 {
-    return vectorsNotUnit(mesh, mesh.normals);
+    return nonUnitVectors(mesh, mesh.normals);
 }
 
-Finding tangentsNotUnit(const ImportedMesh& mesh)
+Finding nonUnitTangents(const ImportedMesh& mesh)
 {
-    return vectorsNotUnit(mesh, mesh.tangents);
+    return nonUnitVectors(mesh, mesh.tangents);
 }
 
-Finding bitangentsNotUnit(const ImportedMesh& mesh)
+Finding nonUnitBitangents(const ImportedMesh& mesh)
 {
-    return vectorsNotUnit(mesh, mesh.bitangents);
+    return nonUnitVectors(mesh, mesh.bitangents);
 }
 
-Finding flatFrames(const ImportedMesh& mesh)
+Finding degenerateTangentFrames(const ImportedMesh& mesh)
 {
     return findVertices(mesh, [&mesh](std::size_t vertex) {
         const glm::vec3 across = glm::cross(mesh.tangents[vertex], mesh.bitangents[vertex]);

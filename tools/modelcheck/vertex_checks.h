@@ -6,17 +6,17 @@
 namespace tools::modelcheck {
 
 /// Vertices with a NaN or an infinity anywhere.
-Finding verticesNotFinite(const ImportedMesh& mesh);
+Finding nonFiniteVertices(const ImportedMesh& mesh);
 
 // What follows is about meshes in which all is finite.
 
-Finding normalsNotUnit(const ImportedMesh& mesh);
-Finding tangentsNotUnit(const ImportedMesh& mesh);
-Finding bitangentsNotUnit(const ImportedMesh& mesh);
+Finding nonUnitNormals(const ImportedMesh& mesh);
+Finding nonUnitTangents(const ImportedMesh& mesh);
+Finding nonUnitBitangents(const ImportedMesh& mesh);
 
-/// Vertices whose normal, tangent and bitangent lie nearly in one plane. The stock shader makes them square
-/// to each other, with or without a normal map, and has nothing left to normalise then.
-Finding flatFrames(const ImportedMesh& mesh);
+/// Vertices whose normal, tangent and bitangent lie nearly in one plane. The stock shader orthogonalises
+/// them, with or without a normal map, and has nothing left to normalise then.
+Finding degenerateTangentFrames(const ImportedMesh& mesh);
 
 /// Vertices whose texture coordinates lie outside of the picture.
 Finding uvsOutside(const ImportedMesh& mesh);

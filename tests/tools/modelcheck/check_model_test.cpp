@@ -58,35 +58,35 @@ const Defect defects[] = {
      {"2 vertices hold a NaN or an infinity, the first near (1.30, -0.05, 3.40)"}},
     {"ZeroNormal", lid,
      [](ImportedMesh& mesh) { mesh.normals[0] = glm::vec3(0.0F); },
-     {"1 vertex has a normal of no unit length, near (1.30, -0.05, 3.40)",
-      "1 vertex has normal, tangent and bitangent in one plane, near (1.30, -0.05, 3.40)"}},
+     {"1 vertex has a non-unit normal, near (1.30, -0.05, 3.40)",
+      "1 vertex has a degenerate tangent frame, near (1.30, -0.05, 3.40)"}},
     {"LongNormals", lid,
      [](ImportedMesh& mesh) { mesh.normals[0] *= 1.02F; mesh.normals[1] *= 0.98F; },
-     {"2 vertices have normals of no unit length, the first near (1.30, -0.05, 3.40)"}},
+     {"2 vertices have non-unit normals, the first near (1.30, -0.05, 3.40)"}},
     {"LongTangent", lid,
      [](ImportedMesh& mesh) { mesh.tangents[0] *= 1.02F; },
-     {"1 vertex has a tangent of no unit length, near (1.30, -0.05, 3.40)"}},
+     {"1 vertex has a non-unit tangent, near (1.30, -0.05, 3.40)"}},
     {"ShortBitangent", lid,
      [](ImportedMesh& mesh) { mesh.bitangents[0] *= 0.98F; },
-     {"1 vertex has a bitangent of no unit length, near (1.30, -0.05, 3.40)"}},
+     {"1 vertex has a non-unit bitangent, near (1.30, -0.05, 3.40)"}},
     {"TangentAlongTheNormal", lid,
      [](ImportedMesh& mesh) { mesh.tangents[0] = -mesh.normals[0]; },
-     {"1 vertex has normal, tangent and bitangent in one plane, near (1.30, -0.05, 3.40)"}},
+     {"1 vertex has a degenerate tangent frame, near (1.30, -0.05, 3.40)"}},
     {"BitangentAlongTheTangent", lid,
      [](ImportedMesh& mesh) { mesh.bitangents[0] = mesh.tangents[0]; },
-     {"1 vertex has normal, tangent and bitangent in one plane, near (1.30, -0.05, 3.40)"}},
+     {"1 vertex has a degenerate tangent frame, near (1.30, -0.05, 3.40)"}},
     {"OutsideOfThePrint", printed,
      [](ImportedMesh& mesh) { mesh.uvs[0].x = -0.01F; mesh.uvs[1].y = 1.01F; },
      {"2 vertices lie outside of the texture, the first near (1.30, -0.05, 3.40)"}},
     {"TriangleOfOnePoint", lid,
      [](ImportedMesh& mesh) { mesh.triangles.push_back({0, 0, 0}); },
-     {"1 triangle has no area, near (1.30, -0.05, 3.40)"}},
+     {"1 triangle is degenerate, near (1.30, -0.05, 3.40)"}},
     {"TriangleTwice", lid,
      [](ImportedMesh& mesh) { mesh.triangles.push_back(mesh.triangles[0]); },
-     {"1 triangle lies where another lies, near (1.30, 0.02, 1.13)"}},
+     {"1 triangle is a duplicate, near (1.30, 0.02, 1.13)"}},
     {"TriangleTwiceTheSecondTurnedRound", lid,
      [](ImportedMesh& mesh) { mesh.triangles.push_back({0, 2, 1}); },
-     {"1 triangle lies where another lies, near (1.30, 0.02, 1.13)",
+     {"1 triangle is a duplicate, near (1.30, 0.02, 1.13)",
       "1 triangle is wound against its normals, near (1.30, 0.02, 1.13)"}},
     {"TriangleTurnedRound", lid,
      [](ImportedMesh& mesh) { std::swap(mesh.triangles[0][0], mesh.triangles[0][1]); },
@@ -96,10 +96,10 @@ const Defect defects[] = {
      {"2 triangles are wound against their normals, the first near (1.30, 0.02, 1.13)"}},
     {"InsideOut", lid,
      [](ImportedMesh& mesh) { turnInsideOut(mesh, 0); },
-     {"1 closed part is inside out, near (-1.30, -0.05, 0.00)"}},
+     {"1 closed component is inside out, near (-1.30, -0.05, 0.00)"}},
     {"Hole", lid,
      [](ImportedMesh& mesh) { mesh.triangles.erase(mesh.triangles.begin()); },
-     {"3 edges are open where they can be seen, the first near (1.30, 0.05, 0.00)"}},
+     {"3 boundary edges can be seen, the first near (1.30, 0.05, 0.00)"}},
     {"TwoSidesInOnePlaceOfTheBake", baked,
      [](ImportedMesh& mesh) { for (std::size_t i = 0; i < 4; ++i) { mesh.uvs[4 + i] = mesh.uvs[i]; } },
      {"19.98 % of the texture that it uses lies under several triangles; 0.5 % may"}},
@@ -153,12 +153,12 @@ TEST(CheckModel, LetsSheetsEndWhereTheRulesSaySo)
 {
     ImportedMesh mesh = importedLid();
     mesh.triangles.pop_back();
-    EXPECT_THAT(checkModel(mesh, {.name = "any", .openEdges = tools::modelcheck::anyNumber}).problems,
-                IsEmpty());
-    EXPECT_THAT(checkModel(mesh, {.name = "any", .openEdges = 3}).problems, IsEmpty());
     EXPECT_THAT(
-        checkModel(mesh, {.name = "any", .openEdges = 2}).problems,
-        Contains("3 edges are open where they can be seen, the first near (1.30, 0.05, 0.00); 2 may"));
+        checkModel(mesh, {.name = "any", .visibleBoundaryEdges = tools::modelcheck::anyNumber}).problems,
+        IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .visibleBoundaryEdges = 3}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .visibleBoundaryEdges = 2}).problems,
+                Contains("3 boundary edges can be seen, the first near (1.30, 0.05, 0.00); 2 may"));
 }
 
 TEST(CheckModel, OverlooksOneTriangleInFourHundredAgainstItsNormals)
@@ -176,18 +176,18 @@ TEST(CheckModel, OverlooksOneTriangleInFourHundredAgainstItsNormals)
                 Contains(StartsWith("2 triangles are wound against their normals, the first near ")));
 }
 
-TEST(CheckModel, AsksNothingOfNormalsThatLean)
+TEST(CheckModel, AsksNothingOfCustomNormals)
 {
     ImportedMesh mesh = importedLid();
     std::swap(mesh.triangles[0][0], mesh.triangles[0][1]);
-    EXPECT_THAT(checkModel(mesh, {.name = "any", .leaningNormals = true}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .customNormals = true}).problems, IsEmpty());
 }
 
 TEST(CheckModel, TellsAllThatItMeasured)
 {
     const std::vector<std::string> details = checkModel(importedLid(), lid).details;
-    EXPECT_THAT(details, Contains("0 triangles have no area"));
-    EXPECT_THAT(details, Contains("0 edges are open"));
+    EXPECT_THAT(details, Contains("0 triangles are degenerate"));
+    EXPECT_THAT(details, Contains("0 boundary edges"));
     EXPECT_THAT(details, Contains("its highest z is 3.400, expected 3.2 to 3.6: it covers the bowl"));
     EXPECT_THAT(checkModel(importedLid(), baked).details,
                 Contains("texture coordinates go from (0.0000, 0.0000) to (1.0000, 1.0000)"));

@@ -34,65 +34,65 @@ TEST(Surface, CountsSlivers)
     };
     mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 24});
     mesh.triangles.push_back({at({0.0F, 0.0F, 0.0F}), at({4.0F, 0.0F, 0.0F}), 25});
-    const tools::modelcheck::Finding found = Surface(mesh).trianglesWithoutArea();
+    const tools::modelcheck::Finding found = Surface(mesh).degenerateTriangles();
     EXPECT_EQ(found.count, 1U);
     EXPECT_FLOAT_EQ(found.first.x, 2.0F);
 }
 
-TEST(Surface, HasNoOpenEdgeWhereVerticesAreSplit)
+TEST(Surface, HasNoBoundaryWhereVerticesAreSplit)
 {
     const ImportedMesh mesh = twoBoxes(big, beside);
-    EXPECT_EQ(Surface(mesh).openEdges().count, 0U);
+    EXPECT_EQ(Surface(mesh).boundaryEdges().count, 0U);
 }
 
-TEST(Surface, HasNoOpenEdgeWhereRoundingMovedAVertex)
+TEST(Surface, HasNoBoundaryWhereRoundingMovedAVertex)
 {
     ImportedMesh mesh = importedBoxes({&big, 1});
     mesh.positions[0].x += 1e-6F;
-    EXPECT_EQ(Surface(mesh).openEdges().count, 0U);
+    EXPECT_EQ(Surface(mesh).boundaryEdges().count, 0U);
     mesh.positions[0].x += 1e-3F;
-    EXPECT_GT(Surface(mesh).openEdges().count, 0U);
+    EXPECT_GT(Surface(mesh).boundaryEdges().count, 0U);
 }
 
-TEST(Surface, HidesOpenEdgesInsideOfIt)
+TEST(Surface, HidesBoundaryEdgesInsideOfIt)
 {
     ImportedMesh mesh = twoBoxes(big, inside);
     mesh.triangles.pop_back(); // of the box inside
-    EXPECT_EQ(Surface(mesh).openEdges().count, 3U);
-    EXPECT_EQ(Surface(mesh).visibleOpenEdges().count, 0U);
+    EXPECT_EQ(Surface(mesh).boundaryEdges().count, 3U);
+    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges().count, 0U);
 }
 
-TEST(Surface, ShowsOpenEdgesBesideIt)
+TEST(Surface, ShowsBoundaryEdgesBesideIt)
 {
     ImportedMesh mesh = twoBoxes(big, beside);
     mesh.triangles.pop_back();
-    EXPECT_EQ(Surface(mesh).visibleOpenEdges().count, 3U);
+    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges().count, 3U);
 }
 
-TEST(Surface, CountsEachPartThatIsInsideOut)
+TEST(Surface, CountsEachComponentThatIsInsideOut)
 {
     ImportedMesh mesh = twoBoxes(big, beside);
     turnInsideOut(mesh, trianglesOfBox);
-    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 1U);
+    EXPECT_EQ(Surface(mesh).componentsInsideOut().count, 1U);
     EXPECT_EQ(Surface(mesh).trianglesAgainstNormals().count, 0U);
     turnInsideOut(mesh, 0); // the first too, and the second right again
-    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 1U);
+    EXPECT_EQ(Surface(mesh).componentsInsideOut().count, 1U);
     turnInsideOut(mesh, trianglesOfBox);
-    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 2U);
+    EXPECT_EQ(Surface(mesh).componentsInsideOut().count, 2U);
 }
 
-TEST(Surface, TakesOpenPartsForSeenFromEitherSide)
+TEST(Surface, TakesOpenComponentsForSeenFromEitherSide)
 {
     ImportedMesh mesh = importedBoxes({&big, 1});
     turnInsideOut(mesh, 0);
     mesh.triangles.pop_back();
-    EXPECT_EQ(Surface(mesh).partsInsideOut().count, 0U);
+    EXPECT_EQ(Surface(mesh).componentsInsideOut().count, 0U);
 }
 
-TEST(Surface, CountsDoubledTrianglesAcrossSplitVertices)
+TEST(Surface, CountsDuplicateTrianglesAcrossSplitVertices)
 {
     const ImportedMesh mesh = twoBoxes(big, big);
-    EXPECT_EQ(Surface(mesh).doubledTriangles().count, trianglesOfBox);
+    EXPECT_EQ(Surface(mesh).duplicateTriangles().count, trianglesOfBox);
 }
 
 } // namespace

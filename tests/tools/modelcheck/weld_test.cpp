@@ -12,19 +12,19 @@ TEST(Weld, LetsOneStandForAllAtAPoint)
 {
     const std::vector<glm::vec3> positions = {
         {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}, {1.0F, 2.0F, 3.0F}};
-    const std::vector<unsigned int> standsFor = weld(positions, 0.0F);
-    EXPECT_EQ(standsFor[0], standsFor[2]);
-    EXPECT_EQ(standsFor[0], standsFor[4]);
-    EXPECT_EQ(standsFor[1], standsFor[3]);
-    EXPECT_NE(standsFor[0], standsFor[1]);
+    const std::vector<unsigned int> representative = weld(positions, 0.0F);
+    EXPECT_EQ(representative[0], representative[2]);
+    EXPECT_EQ(representative[0], representative[4]);
+    EXPECT_EQ(representative[1], representative[3]);
+    EXPECT_NE(representative[0], representative[1]);
 }
 
 TEST(Weld, TakesPointsUpToADistanceForOne)
 {
     const std::vector<glm::vec3> positions = {{0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 0.09F}, {0.0F, -0.11F, 0.0F}};
-    const std::vector<unsigned int> standsFor = weld(positions, 0.1F);
-    EXPECT_EQ(standsFor[0], standsFor[1]);
-    EXPECT_EQ(standsFor[2], 2U);
+    const std::vector<unsigned int> representative = weld(positions, 0.1F);
+    EXPECT_EQ(representative[0], representative[1]);
+    EXPECT_EQ(representative[2], 2U);
 }
 
 TEST(Weld, KeepsApartWhatLiesSideBySideAlongItsSweep)
