@@ -11,6 +11,7 @@
 #include "scenes/room_scene.h"
 #include "scenes/toilet_scene.h"
 #include "sync/tools.h"
+#include "tools/stage/show_context.h"
 
 #include <SDL.h>
 #include <benchmark/benchmark.h>
@@ -89,10 +90,7 @@ public:
         if (SDL_Init(SDL_INIT_VIDEO) < 0) {
             throw std::runtime_error(SDL_GetError());
         }
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_CORE);
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 4);
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 5);
-        SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 24);
+        tools::stage::askForShowContext();
         window = SDL_CreateWindow("bench", 0, 0, size.first, size.second, SDL_WINDOW_OPENGL);
         if (window == nullptr) {
             throw std::runtime_error(SDL_GetError());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gl/renderer-impl.h"
+#include "tools/stage/show_context.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -25,12 +26,7 @@ public:
         if (SDL_Init(SDL_INIT_VIDEO) < 0) {
             throw std::runtime_error(std::string("SDL_Init: ") + SDL_GetError());
         }
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG);
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_CORE);
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 4);
-        SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 5);
-        SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
-        SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 24);
+        tools::stage::askForShowContext();
         window = SDL_CreateWindow("test", 0, 0, width, height, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
         if (window == nullptr) {
             throw std::runtime_error(std::string("SDL_CreateWindow: ") + SDL_GetError());

@@ -7,6 +7,8 @@
 //   gl_vendor=, gl_renderer=, gl_version=TEXT     gl_error=TEXT, if there is no context such as the show's
 //   s3tc=yes|no   audio=NAME            audio_error=TEXT
 
+#include "tools/stage/show_context.h"
+
 #include <SDL.h>
 #include <SDL_opengl.h>
 #include <cstdio>
@@ -17,16 +19,6 @@ namespace {
 void tell(const char* key, const char* value)
 {
     std::printf("%s=%s\n", key, value == nullptr ? "" : value);
-}
-
-void askForContext(int major, int minor, int profile, int flags)
-{
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_FLAGS, flags);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, profile);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, major);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, minor);
-    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
-    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 24);
 }
 
 template<typename Function>
@@ -62,14 +54,14 @@ SDL_GLContext makeContext(SDL_Window*& window)
 void probeOpenGl()
 {
     SDL_Window* window = nullptr;
-    askForContext(4, 5, SDL_GL_CONTEXT_PROFILE_CORE, SDL_GL_CONTEXT_DEBUG_FLAG);
+    tools::stage::askForShowContext();
     SDL_GLContext context = makeContext(window);
     if (context == nullptr) {
         tell("gl_error", SDL_GetError());
         if (window != nullptr) {
             SDL_DestroyWindow(window);
         }
-        askForContext(2, 1, 0, 0); // whatever there is, so that it can be named
+        SDL_GL_ResetAttributes(); // whatever there is, so that it can be named
         context = makeContext(window);
     }
     if (context != nullptr) {

@@ -2,6 +2,7 @@
 
 #include "gl/renderer-impl.h"
 #include "tools/common/error.h"
+#include "tools/stage/show_context.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -15,17 +16,6 @@ namespace {
 [[noreturn]] void fail(const std::string& what)
 {
     throw Error("capture", what);
-}
-
-/// The same context as the show's own.
-void askForContext()
-{
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_CORE);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 4);
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 5);
-    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
-    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 24);
 }
 
 /// From rows that count from the bottom to rows that count from the top.
@@ -64,7 +54,7 @@ HiddenWindow::~HiddenWindow()
 
 void HiddenWindow::open()
 {
-    askForContext();
+    askForShowContext();
     const auto width = static_cast<int>(pictureSize.width);
     const auto height = static_cast<int>(pictureSize.height);
     window = SDL_CreateWindow("capture", 0, 0, width, height, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
