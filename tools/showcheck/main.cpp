@@ -7,7 +7,7 @@
 #include "tools/showcheck/findings.h"
 #include "tools/showcheck/flashes.h"
 #include "tools/showcheck/judge_camera.h"
-#include "tools/showcheck/near_plane_probe.h"
+#include "tools/showcheck/near_plane_meter.h"
 #include "tools/showcheck/picture.h"
 #include "tools/stage/hidden_window.h"
 #include "tools/stage/progress.h"
@@ -85,9 +85,9 @@ public:
     Viewer(const std::string& assetsName, const tools::video::VideoFormat& format)
         : format(format),
           window(format.size),
-          probe(window.renderer(), format.size),
-          shown(window, probe, assetsName),
-          meter(format),
+          nearPlaneMeter(window.renderer(), format.size),
+          shown(window, nearPlaneMeter, assetsName),
+          flashMeter(format),
           pixels(std::size_t{3} * format.size.width * format.size.height)
     {
     }
@@ -104,7 +104,7 @@ public:
                 progress.step();
             }
         }
-        flashes = meter.finish();
+        flashes = flashMeter.finish();
         for (std::size_t i = 0; i < flashes.size(); ++i) {
             findings.add(tools::showcheck::Check::Flashes, places[i], flashes[i],
                          tools::showcheck::mostBadness);
@@ -119,12 +119,12 @@ private:
         const float scene = shown.sceneAt(time);
         const tools::showcheck::Place place{frame, time, scene};
         shown.show(scene, time);
-        tools::showcheck::judgeNearPlane(tools::showcheck::measureNearPlane(format.size, probe.depths()),
-                                         place, findings);
+        tools::showcheck::judgeNearPlane(
+            tools::showcheck::measureNearPlane(format.size, nearPlaneMeter.depths()), place, findings);
         window.readRows(pixels);
         tools::showcheck::judgePicture(tools::showcheck::measurePicture(format.size, pixels), place,
                                        findings);
-        meter.add(pixels);
+        flashMeter.add(pixels);
         return place;
     }
 
@@ -152,9 +152,9 @@ private:
 
     tools::video::VideoFormat format;
     tools::stage::HiddenWindow window;
-    tools::showcheck::NearPlaneProbe probe;
+    tools::showcheck::NearPlaneMeter nearPlaneMeter;
     tools::stage::Stage shown;
-    tools::showcheck::FlashMeter meter;
+    tools::showcheck::FlashMeter flashMeter;
     std::vector<std::uint8_t> pixels;
     std::vector<double> flashes;
 };

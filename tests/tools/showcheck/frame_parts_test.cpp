@@ -1,4 +1,4 @@
-#include "tools/showcheck/near_plane_probe.h"
+#include "tools/showcheck/near_plane_meter.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "tools/showcheck/near_plane_probe.h"
+#include "tools/showcheck/near_plane_meter.h"
 
 #include "tools/common/error.h"
 
@@ -38,14 +38,14 @@ FrameParts splitFrame(const std::vector<zund::DrawCommand>& commands)
     return parts;
 }
 
-NearPlaneProbe::NearPlaneProbe(zund::Renderer& target, picture::Size size)
+NearPlaneMeter::NearPlaneMeter(zund::Renderer& target, picture::Size size)
     : renderers::ForwardingRenderer(target),
       size(size),
       depthRows(std::size_t{size.width} * size.height, std::numeric_limits<std::uint16_t>::max())
 {
 }
 
-void NearPlaneProbe::render(const std::vector<zund::DrawCommand>& commands)
+void NearPlaneMeter::render(const std::vector<zund::DrawCommand>& commands)
 {
     const FrameParts parts = splitFrame(commands);
     const auto item = std::find_if(parts.models.begin(), parts.models.end(), isItem);
@@ -65,7 +65,7 @@ void NearPlaneProbe::render(const std::vector<zund::DrawCommand>& commands)
     ForwardingRenderer::render(parts.rest);
 }
 
-void NearPlaneProbe::readDepths(zund::FrameBuffer frameBuffer)
+void NearPlaneMeter::readDepths(zund::FrameBuffer frameBuffer)
 {
     glBindFramebuffer(GL_READ_FRAMEBUFFER, static_cast<GLuint>(frameBuffer.get()));
     glPixelStorei(GL_PACK_ALIGNMENT, 1);

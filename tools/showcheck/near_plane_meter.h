@@ -15,10 +15,10 @@ namespace tools::showcheck {
 /// Models are drawn first without being cut: what would be, leaves depth 0. So does a text layer, which lies
 /// on the near plane to cover all: it would count as cut, and is drawn only once the depths are read. Its turn
 /// among the models makes no difference to the depth test.
-class NearPlaneProbe : public renderers::ForwardingRenderer {
+class NearPlaneMeter : public renderers::ForwardingRenderer {
 public:
-    /// For frames of that size. `target` draws on the current context, and outlives the probe.
-    NearPlaneProbe(zund::Renderer& target, picture::Size size);
+    /// For frames of that size. `target` draws on the current context, and outlives the meter.
+    NearPlaneMeter(zund::Renderer& target, picture::Size size);
 
     /// The depths of the models of the last frame, one a pixel in rows from the bottom; all at the far plane
     /// for a frame without models. Borrowed: changes with the next frame.
@@ -33,7 +33,7 @@ private:
     std::vector<std::uint16_t> depthRows;
 };
 
-/// The commands of a frame in the order in which the probe plays them.
+/// The commands of a frame in the order in which the meter plays them.
 struct FrameParts {
     std::vector<zund::DrawCommand>
         models;                          ///< and all that comes before the last of them, but for text layers

@@ -1,4 +1,4 @@
-#include "tools/showcheck/near_plane_probe.h"
+#include "tools/showcheck/near_plane_meter.h"
 
 #include "tools/stage/hidden_window.h"
 #include "tools/stage/stage.h"
@@ -46,25 +46,25 @@ Overrides tracksOf(const Moment& moment)
             {"camera_tgt_y", moment.target.y}, {"camera_tgt_z", moment.target.z}};
 }
 
-class NearPlaneProbe : public testing::TestWithParam<Moment> {
+class NearPlaneMeter : public testing::TestWithParam<Moment> {
 protected:
     tools::stage::StageFolder folder{SHOW_ASSETS, tracksOf(GetParam())};
     tools::stage::HiddenWindow window{size};
-    tools::showcheck::NearPlaneProbe probe{window.renderer(), size};
+    tools::showcheck::NearPlaneMeter meter{window.renderer(), size};
 };
 
-TEST_P(NearPlaneProbe, SeesWhatIsCutAndLeavesThePictureAlone)
+TEST_P(NearPlaneMeter, SeesWhatIsCutAndLeavesThePictureAlone)
 {
-    tools::stage::Stage probed(window, probe, "assets");
+    tools::stage::Stage measured(window, meter, "assets");
     tools::stage::Stage plain(window, "assets");
     const double time = tools::timeline::timeOfRow(5312);
-    const tools::picture::RgbImage picture = probed.draw(GetParam().scene, time);
-    const auto depths = probe.depths();
+    const tools::picture::RgbImage picture = measured.draw(GetParam().scene, time);
+    const auto depths = meter.depths();
     EXPECT_EQ(std::find(depths.begin(), depths.end(), 0) != depths.end(), GetParam().isCut);
     EXPECT_TRUE(picture.pixels == plain.draw(GetParam().scene, time).pixels);
 }
 
-INSTANTIATE_TEST_SUITE_P(Moments, NearPlaneProbe, testing::ValuesIn(moments),
+INSTANTIATE_TEST_SUITE_P(Moments, NearPlaneMeter, testing::ValuesIn(moments),
                          [](const auto& info) { return info.param.name; });
 
 } // namespace
