@@ -1,5 +1,8 @@
-// golden: draws the stills of the show, and compares them with the pictures that are kept of them.
+// golden: draws the stills of the show, and compares them with the pictures that are kept of them; records
+// their frames.
 
+#include "tests/golden/frame_comparison.h"
+#include "tests/golden/frame_stage.h"
 #include "tests/golden/golden_folder.h"
 #include "tests/golden/still_stage.h"
 #include "tools/common/atomic_file.h"
@@ -24,6 +27,7 @@ struct Options {
     fs::path pictures;              ///< folder of the golden ones
     fs::path assets;                ///< folder of what they are drawn from
     fs::path differences;           ///< folder for what failed
+    fs::path frames;                ///< folder of the recorded ones
     std::vector<std::string> names; ///< of the stills; empty: all
 };
 
@@ -38,7 +42,7 @@ std::vector<const Still*> chosen(const Options& options)
         }
     }
     if (!options.names.empty() && some.size() != options.names.size()) {
-        throw tools::Error("golden", "no such still; NAME.png is one, for each in tests/golden/still.cpp");
+        throw tools::Error("golden", "no such still; tests/golden/still.cpp names them all");
     }
     return some;
 }
@@ -92,11 +96,28 @@ void make(const Options& options)
     });
 }
 
+void record(const Options& options)
+{
+    const std::vector<const Still*> some = chosen(options);
+    tools::makeFolder(options.frames);
+    const FrameStage stage;
+    for (const Still* const still : some) {
+        const fs::path file = frameFile(options.frames, *still);
+        tools::AtomicFile(file, stage.record(*still)).commit();
+        fmt::print(stderr, "{}\n", file.string());
+    }
+}
+
+void addNames(CLI::App& command, Options& options)
+{
+    command.add_option("NAME", options.names, "only these stills");
+}
+
 void addOptions(CLI::App& command, Options& options)
 {
     command.add_option("--pictures", options.pictures, "folder of the golden pictures")->required();
     command.add_option("--assets", options.assets, "folder of models, pack and tracks")->required();
-    command.add_option("NAME", options.names, "only these stills");
+    addNames(command, options);
 }
 
 } // namespace
@@ -112,15 +133,22 @@ int main(int argc, char** argv)
     CLI::App* const making =
         app.add_subcommand("make", "draws them and keeps them, in place of the former ones");
     addOptions(*making, options);
+    CLI::App* const recording =
+        app.add_subcommand("record", "records their frames, in place of the former ones");
+    recording->add_option("--frames", options.frames, "folder of the recorded frames")->required();
+    addNames(*recording, options);
     return tools::runTool(app, argc, argv, [&] {
         // The process goes elsewhere while it draws.
-        for (fs::path* const path : {&options.pictures, &options.assets, &options.differences}) {
+        for (fs::path* const path :
+             {&options.pictures, &options.assets, &options.differences, &options.frames}) {
             *path = fs::current_path() / *path;
         }
         if (checking->parsed()) {
             check(options);
-        } else {
+        } else if (making->parsed()) {
             make(options);
+        } else {
+            record(options);
         }
     });
 }

@@ -1,39 +1,15 @@
 #include "tests/golden/still_stage.h"
 
-#include "tools/common/atomic_file.h"
-#include "tools/stage/values.h"
+#include "tests/golden/still_tracks.h"
 #include "tools/timeline/show_row.h"
-#include "tools/timeline/track_file.h"
 
 #include <cstdlib>
-#include <map>
-#include <string>
-#include <vector>
-
-namespace {
-
-/// The timeline of the stills, in the place of the show's: in each one's row the tracks of its scene step to
-/// their values there.
-void writeTracks()
-{
-    std::map<std::string, std::vector<sync_key>> tracks;
-    for (const Still& still : stills()) {
-        for (const std::string_view track : tracksOf(still)) {
-            tracks[std::string(track)].push_back({still.row, valueOf(still, track), SYNC_STEP});
-        }
-    }
-    for (const auto& [track, keys] : tracks) {
-        tools::AtomicFile("assets/sync_" + track + ".track", tools::timeline::encodeTrack(keys)).commit();
-    }
-}
-
-} // namespace
 
 StillStage::StillStage(tools::stage::HiddenWindow& window, zund::Renderer& renderer,
                        const std::filesystem::path& assets)
     : folder(assets, {})
 {
-    writeTracks();
+    writeStillTracks("assets");
     stage = std::make_unique<tools::stage::Stage>(window, renderer, assets.string());
 }
 

@@ -190,6 +190,7 @@ zund::Texture RecordingRenderer::createTexture2d(zund::TextureFormat format, int
     zund::Texture made = NullRenderer::createTexture2d(format, width, height);
     calls.push_back(
         fmt::format("createTexture2d({}, {}, {}) = {}", formatName(format), width, height, made.get()));
+    surfaces[made.get()] = fmt::format("{} {}x{}", formatName(format), width, height);
     return made;
 }
 
@@ -229,6 +230,7 @@ zund::RenderBuffer RecordingRenderer::createRenderBuffer2d(int width, int height
 {
     zund::RenderBuffer made = NullRenderer::createRenderBuffer2d(width, height);
     calls.push_back(fmt::format("createRenderBuffer2d({}, {}) = {}", width, height, made.get()));
+    surfaces[made.get()] = fmt::format("depth {}x{}", width, height);
     return made;
 }
 
@@ -242,10 +244,12 @@ zund::FrameBuffer RecordingRenderer::createFrameBuffer()
 void RecordingRenderer::framebufferTexture(zund::FrameBuffer frameBuffer, zund::Texture texture)
 {
     calls.push_back(fmt::format("framebufferTexture({}, {})", frameBuffer.get(), texture.get()));
+    targets[frameBuffer.get()].color = texture.get();
 }
 
 void RecordingRenderer::framebufferRenderbuffer(zund::FrameBuffer frameBuffer,
                                                 zund::RenderBuffer renderBuffer)
 {
     calls.push_back(fmt::format("framebufferRenderbuffer({}, {})", frameBuffer.get(), renderBuffer.get()));
+    targets[frameBuffer.get()].depth = renderBuffer.get();
 }

@@ -33,6 +33,11 @@ public:
         int height;
         const void* data;
     };
+    /// What a framebuffer draws into, by handle.
+    struct Target {
+        int color = 0;
+        int depth = 0;
+    };
 
     std::vector<std::string> calls;
     std::vector<std::string> sources;                   ///< each text once
@@ -40,6 +45,8 @@ public:
     std::vector<Texture> textures;                      ///< in order of `loadTextureDXT`
     std::vector<const void*> uploads;                   ///< the data of each upload; six for a cube map
     std::map<int, Program> programs;                    ///< by handle; the first two shaders of each
+    std::map<int, Target> targets;                      ///< by handle of the framebuffer
+    std::map<int, std::string> surfaces;                ///< "RGB16F 320x200" by handle of what is drawn into
     std::map<int, std::string> uniformNames;            ///< by location
     std::vector<std::vector<zund::DrawCommand>> frames; ///< the lists given to `render`
     std::string withoutUniform;                         ///< a name that no program knows
