@@ -69,33 +69,11 @@ std::string between(const std::string& text, const std::string& before, const st
     return text.substr(start, text.find(after, start) - start);
 }
 
-void collect(tree::Node<std::string>& root, std::vector<std::string>& names)
-{
-    root.visit(
-        [&](tree::Node<std::string>*, tree::Node<std::string>* node) { names.push_back(node->value); });
-}
-
 } // namespace
 
 void PrintTo(const ExpectedTexture& texture, std::ostream* stream)
 {
     *stream << texture.name << ' ' << texture.width << 'x' << texture.height;
-}
-
-std::string testName(std::string row)
-{
-    std::replace(row.begin(), row.end(), '/', '_');
-    return row;
-}
-
-ExpectedTexture map2k(const char* name)
-{
-    return {name, 2048, 2048};
-}
-
-ExpectedTexture layer4k(const char* name)
-{
-    return {name, 3840, 2160};
 }
 
 SceneStage::SceneStage()
@@ -258,100 +236,22 @@ std::vector<std::string> SceneStage::uniformNames(const zund::DrawCommand& comma
     return names;
 }
 
-void SceneStage::expectObject(lumeth::Scene& scene, const ExpectedObject& row,
-                              const std::string& shader) const
+std::vector<const lumeth::DisplayListItem*> changedBy(const std::function<void()>& change,
+                                                      lumeth::Scene& scene)
 {
-    const zund::DrawCommand command = drawn(scene, row.name);
-    EXPECT_EQ(modelOf(command), row.model);
-    EXPECT_EQ(textureOf(command, 0), row.colorTexture);
-    EXPECT_EQ(textureOf(command, 1), row.normalTexture);
-    EXPECT_EQ(textureOf(command, 2), row.emissivityTexture);
-    EXPECT_EQ(shaderName(programOf(command).fragmentSource), shader);
-    EXPECT_EQ(shaderName(programOf(command).vertexSource), "material");
-    EXPECT_EQ(uniform<glm::vec3>(command, "mat_color"), row.color);
-    EXPECT_EQ(uniform<float>(command, "mat_ambient"), row.ambient);
-    EXPECT_EQ(uniform<float>(command, "mat_diffuse"), row.diffuse);
-    EXPECT_EQ(uniform<float>(command, "mat_specular"), row.specular);
-    EXPECT_EQ(uniform<float>(command, "mat_shininess"), row.shininess);
-    EXPECT_EQ(uniform<bool>(command, "mat_transparent"), row.transparent);
-    EXPECT_EQ(uniform<bool>(command, "mat_textured"), !row.colorTexture.name.empty());
-    EXPECT_EQ(uniform<bool>(command, "mat_normalmapped"), !row.normalTexture.name.empty());
-}
-
-void SceneStage::expectTextLayer(lumeth::Scene& scene, float z, const ExpectedTexture& colorTexture,
-                                 const ExpectedTexture& normalTexture, const std::string& shader) const
-{
-    using testing::ElementsAre;
-    using testing::IsEmpty;
-    const zund::DrawCommand command = drawn(scene, "scroller");
-    const RecordingRenderer::Mesh& triangle = meshOf(command);
-    EXPECT_THAT(triangle.positions, ElementsAre(-1.0F, -1.0F, z, 3.0F, -1.0F, z, -1.0F, 3.0F, z));
-    EXPECT_THAT(triangle.indices, ElementsAre(0U, 1U, 2U));
-    EXPECT_THAT(triangle.uvs, ElementsAre(0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0F));
-    EXPECT_THAT(triangle.normals, IsEmpty());
-    EXPECT_THAT(triangle.tangents, IsEmpty());
-    EXPECT_THAT(triangle.bitangents, IsEmpty());
-    EXPECT_EQ(command.vertexArray.getIndexes(), 3U);
-    EXPECT_EQ(textureOf(command, 0), colorTexture);
-    EXPECT_EQ(textureOf(command, 1), normalTexture);
-    EXPECT_FALSE(command.textures[2].isValid());
-    EXPECT_EQ(shaderName(programOf(command).fragmentSource), shader);
-    EXPECT_EQ(shaderName(programOf(command).vertexSource), "full frame");
-    EXPECT_THAT(command.uniformArrays, IsEmpty());
-}
-
-void SceneStage::expectNode(lumeth::Scene& scene, const ExpectedNode& row)
-{
-    const lumeth::DisplayListItem& item = itemAt(scene, row.path);
-    EXPECT_EQ(item.objectName, row.object);
-    EXPECT_EQ(item.worldMatrix, glm::mat4(0.0F));
-    expectSame(item.localMatrix, placed(row.position, row.orientation, glm::vec3(row.scale)));
-}
-
-void SceneStage::expectTree(lumeth::Scene& scene, const std::vector<ExpectedNode>& rows)
-{
-    // Siblings are kept in a hash table, whose order, which is that of drawing, depends on that of adding.
-    tree::Node<std::string> expected("");
-    for (const ExpectedNode& row : rows) {
-        const std::string path = row.path;
-        tree::Node<std::string>* node = &expected;
-        std::size_t start = 0;
-        for (std::size_t end = path.find('/'); end != std::string::npos; end = path.find('/', start)) {
-            node = node->getNode(path.substr(start, end - start));
-            start = end + 1;
+    using Node = tree::Node<lumeth::DisplayListItem>;
+    std::vector<lumeth::DisplayListItem> before;
+    scene.getGraph().visit([&](Node*, Node* node) { before.push_back(node->value); });
+    change();
+    std::vector<const lumeth::DisplayListItem*> changed;
+    std::size_t place = 0;
+    scene.getGraph().visit([&](Node*, Node* node) {
+        const lumeth::DisplayListItem& former = before.at(place++);
+        if (node->value.localMatrix != former.localMatrix || node->value.visible != former.visible) {
+            changed.push_back(&node->value);
         }
-        node->addNode(path.substr(start), row.object);
-    }
-    std::vector<std::string> expectedOrder;
-    collect(expected, expectedOrder);
-    std::vector<std::string> order;
-    scene.getGraph().visit(
-        [&](tree::Node<lumeth::DisplayListItem>*, tree::Node<lumeth::DisplayListItem>* node) {
-            order.push_back(node->value.objectName);
-        });
-    EXPECT_EQ(order.size(), rows.size() + 1); // and the root
-    EXPECT_EQ(order, expectedOrder);
-    expectSame(scene.getGraph().value.localMatrix, glm::mat4(1.0F));
-}
-
-void SceneStage::expectLights(lumeth::Scene& scene, const std::string& stock,
-                              const std::vector<ExpectedLight>& rows) const
-{
-    const zund::DrawCommand command = drawn(scene, stock);
-    ASSERT_EQ(command.uniformArrays.size(), 3U);
-    const auto expectArray = [&](std::size_t place, const char* name, glm::vec3 ExpectedLight::*field) {
-        const auto& [handle, value] = command.uniformArrays[place];
-        EXPECT_EQ(renderer.nameOf(handle), name);
-        const auto& elements = std::get<std::vector<glm::vec3>>(value);
-        ASSERT_EQ(elements.size(), 8U);
-        for (std::size_t i = 0; i < elements.size(); ++i) {
-            EXPECT_EQ(elements[i], i < rows.size() ? rows[i].*field : glm::vec3(0.0F))
-                << name << " " << i + 1;
-        }
-    };
-    expectArray(0, "light_position", &ExpectedLight::position);
-    expectArray(1, "light_diffuse", &ExpectedLight::diffuse);
-    expectArray(2, "light_specular", &ExpectedLight::specular);
+    });
+    return changed;
 }
 
 lumeth::DisplayListItem& itemAt(lumeth::Scene& scene, const std::string& path)

@@ -8,6 +8,7 @@
 #include "tests/support/test_assets.h"
 #include "tools/common/quiet_output.h"
 
+#include <functional>
 #include <glm/gtc/quaternion.hpp>
 #include <glm/mat4x4.hpp>
 #include <glm/vec3.hpp>
@@ -33,36 +34,6 @@ struct ExpectedTexture {
 };
 void PrintTo(const ExpectedTexture& texture, std::ostream* stream);
 
-/// One row of a scene's objects.
-struct ExpectedObject {
-    const char* name;
-    const char* model;
-    ExpectedTexture colorTexture;
-    ExpectedTexture normalTexture;
-    ExpectedTexture emissivityTexture;
-    glm::vec3 color;
-    float ambient;
-    float diffuse;
-    float specular;
-    float shininess;
-    bool transparent = false;
-};
-
-/// One row of a scene's tree. `path` names the nodes from below the root on: "box/boxb".
-struct ExpectedNode {
-    const char* path;
-    const char* object; ///< empty: a pure transform
-    glm::vec3 position;
-    glm::quat orientation;
-    float scale;
-};
-
-struct ExpectedLight {
-    glm::vec3 position;
-    glm::vec3 diffuse;
-    glm::vec3 specular;
-};
-
 /// A quaternion in the order of the tables.
 constexpr glm::quat xyzw(float x, float y, float z, float w)
 {
@@ -77,14 +48,6 @@ constexpr float inDouble(float value, double factor)
 {
     return static_cast<float>(static_cast<double>(value) * factor);
 }
-
-/// The name of a row as part of a test's name: "box/boxb" becomes "box_boxb".
-std::string testName(std::string row);
-
-/// A surface of a model.
-ExpectedTexture map2k(const char* name);
-/// A picture over the whole frame.
-ExpectedTexture layer4k(const char* name);
 
 /// Where the scenes of the show are built without a driver, from models and textures that can be told apart.
 ///
@@ -130,26 +93,16 @@ protected:
     }
     std::vector<std::string> uniformNames(const zund::DrawCommand& command) const;
 
-    /// A row of the objects' table, as it is drawn. `shader` is the fragment shader's name, see `story`.
-    void expectObject(lumeth::Scene& scene, const ExpectedObject& row,
-                      const std::string& shader = "material") const;
-    /// A text layer: triangle, textures, shader, and no constants of a surface.
-    void expectTextLayer(lumeth::Scene& scene, float z, const ExpectedTexture& colorTexture,
-                         const ExpectedTexture& normalTexture, const std::string& shader) const;
-    /// A row of the nodes' table, as it was built.
-    static void expectNode(lumeth::Scene& scene, const ExpectedNode& row);
-    /// No nodes but those of the table, and the order of drawing that follows from the order of the table.
-    static void expectTree(lumeth::Scene& scene, const std::vector<ExpectedNode>& rows);
-    /// The lights of the table, then zeros, as object `stock` gets them.
-    void expectLights(lumeth::Scene& scene, const std::string& stock,
-                      const std::vector<ExpectedLight>& rows) const;
-
     tools::QuietOutput quiet; ///< loader and device have much to say
     ShowFolder folder;
     RecordingRenderer renderer;
     std::unique_ptr<pack::Packfile> assets;
     std::unique_ptr<tolv::SyncDevice> sync;
 };
+
+/// The items whose place or visibility is another after `change`.
+std::vector<const lumeth::DisplayListItem*> changedBy(const std::function<void()>& change,
+                                                      lumeth::Scene& scene);
 
 /// The node at the end of a path.
 lumeth::DisplayListItem& itemAt(lumeth::Scene& scene, const std::string& path);
