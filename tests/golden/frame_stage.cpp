@@ -30,8 +30,7 @@ std::string FrameStage::record(const Still& still)
     const pack::Packfile pack("assets/assets.pack");
     const tolv::SyncDevice sync("assets/sync", 128.0, 16);
     RecordingRenderer renderer;
-    const std::unique_ptr<ShowScene> scene =
-        makeScene(tools::stage::findScene(still.scene), renderer, pack, sync, frameSize);
+    const std::unique_ptr<ShowScene> scene = makeScene(*still.scene, renderer, pack, sync, frameSize);
     scene->update(time);
     scene->scene().draw(renderer, time);
     return frameText(renderer.frames.back(), renderer, pack);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/stage/scene_tracks.h"
+#include "scenes/catalogue.h"
 
 #include <cstdint>
 #include <glm/vec3.hpp>
@@ -11,7 +11,7 @@
 
 /// A track's value.
 struct TrackValue {
-    std::string_view track; ///< empty: none
+    const catalogue::Track* track; ///< null: none
     float value;
 };
 
@@ -19,7 +19,7 @@ struct TrackValue {
 /// the models and the textures, but on no track of the timeline.
 struct Still {
     std::string_view name;
-    std::string_view scene;
+    const catalogue::Scene* scene;
     std::int32_t row; ///< its place on a timeline of the stills' own, which makes its time; no two share one
     glm::vec3 place;  ///< of the camera, as its tracks hold it; among the people: angle, height and radius
     glm::vec3 target;

@@ -15,7 +15,7 @@ StillStage::StillStage(tools::stage::HiddenWindow& window, zund::Renderer& rende
 
 tools::picture::RgbImage StillStage::draw(const Still& still)
 {
-    return stage->draw(tools::stage::findScene(still.scene).number, tools::timeline::timeOfRow(still.row));
+    return stage->draw(still.scene->number, tools::timeline::timeOfRow(still.row));
 }
 
 void drawBySoftware()

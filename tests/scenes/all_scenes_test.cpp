@@ -1,18 +1,15 @@
-// What the five scenes with tracks have in common.
+// What the scenes have in common.
 
-#include "scenes/bottle_scene.h"
-#include "scenes/burger_scene.h"
-#include "scenes/people_scene.h"
-#include "scenes/room_scene.h"
-#include "scenes/toilet_scene.h"
 #include "tests/engine/matrices.h"
 #include "tests/scenes/scene_stage.h"
 #include "tests/scenes/track_watch.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <stdexcept>
 
 using testing::IsEmpty;
@@ -21,105 +18,47 @@ using testing::UnorderedElementsAreArray;
 
 namespace {
 
-using Names = std::vector<std::string>;
+using namespace catalogue;
 
-/// What of a scene the common tests need to know.
-template<typename Scene>
-struct Facts;
-
-template<>
-struct Facts<RoomScene> {
-    static constexpr const char* name = "Room";
-    static Names tracks() { return {}; }
-    static Names textures()
-    {
-        return {"room_diff.dds",        "sofa_diff.dds",  "sofa_norm.dds",    "coffeetable_diff.dds",
-                "coffeetable_norm.dds", "pisswasser.dds", "tv_emit.dds",      "plywood_diff.dds",
-                "plywood_norm.dds",     "bigplant.dds",   "burgerbox_top.dds"};
-    }
-    static Names models()
-    {
-        return {"room",          "sofa",     "sofa_legs", "person",  "hat",      "glasses",
-                "coffeetable",   "beer",     "tv",        "tvtable", "bigplant", "burgerbox_bottom",
-                "burgerbox_top", "flowerpot"};
-    }
-    static std::string stockObject() { return "sofa"; }
-};
-
-template<>
-struct Facts<PeopleScene> {
-    static constexpr const char* name = "People";
-    static Names tracks() { return {"hat_r"}; }
-    static Names textures() { return {"sofa_diff.dds", "sofa_norm.dds", "pants.dds"}; }
-    static Names models() { return {"sofa", "person", "hat", "glasses", "sofa_legs"}; }
-    static std::string stockObject() { return "sofa"; }
-};
-
-template<>
-struct Facts<BurgerScene> {
-    static constexpr const char* name = "Burger";
-    static Names tracks()
-    {
-        return {"burger_rotate", "burger_pitch", "box_open", "burger_open", "burger_random", "burger_text"};
-    }
-    static Names textures() { return {"burgerbox_top.dds", "burgertext.dds"}; }
-    static Names models()
-    {
-        return {"burgerbox_bottom", "burgerbox_top", "burger_top",   "burger_bottom",
-                "burger_middle",    "burger_steak",  "burger_cheese"};
-    }
-    static std::string stockObject() { return "boxb"; }
-};
-
-template<>
-struct Facts<BottleScene> {
-    static constexpr const char* name = "Bottle";
-    static Names tracks() { return {}; }
-    static Names textures() { return {"pisswasser.dds", "unlimited.dds"}; }
-    static Names models() { return {"beer"}; }
-    static std::string stockObject() { return "beer"; }
-};
-
-template<>
-struct Facts<ToiletScene> {
-    static constexpr const char* name = "Toilet";
-    static Names tracks() { return {"burger_rotate", "lid_rotate"}; }
-    static Names textures() { return {"queue_main.dds", "queue_border.dds"}; }
-    static Names models() { return {"toilet", "toilet_lid"}; }
-    static std::string stockObject() { return "toilet"; }
-};
-
-template<typename Scene>
-Names tracksOf()
+/// The tracks that a scene looks up by its row, in that order.
+std::vector<std::string> lookUpsOf(const Scene& row)
 {
-    Names names = {"camera_pos_x", "camera_pos_y", "camera_pos_z",
-                   "camera_tgt_x", "camera_tgt_y", "camera_tgt_z"};
-    const Names own = Facts<Scene>::tracks();
-    names.insert(names.end(), own.begin(), own.end());
+    std::vector<std::string> names;
+    if (row.camera != CameraForm::None) {
+        for (const Track* const track : tracks::camera) {
+            names.emplace_back(track->name);
+        }
+    }
+    for (const Track* const* track = row.tracks; *track != nullptr; ++track) {
+        names.emplace_back((*track)->name);
+    }
     return names;
 }
 
-template<typename Scene>
-class AnyScene : public SceneTest<Scene> {
+class AnyScene : public SceneStage, public testing::WithParamInterface<Scene> {
 protected:
+    lumeth::Scene& build(const TrackValues& values = {}, std::pair<int, int> size = {320, 200})
+    {
+        return SceneStage::build(GetParam(), values, size);
+    }
+
     /// Curves for all tracks, each another one: over rows 0 to 800.
-    void writeCurves()
+    void writeCurves() const
     {
         float value = 0.37F;
-        for (const std::string& track : tracksOf<Scene>()) {
-            this->folder.writeTrack(track, {{0, value, 1}, {400, value - 1.3F, 2}, {800, value + 0.7F, 0}});
+        for (const std::string& track : lookUpsOf(GetParam())) {
+            folder.writeTrack(track, {{0, value, 1}, {400, value - 1.3F, 2}, {800, value + 0.7F, 0}});
             value += 0.113F;
         }
     }
 
-    /// All matrices below the root, and the camera.
-    static std::vector<lumeth::DisplayListItem> snapshot(lumeth::Scene& scene)
+    /// All items as they stand now.
+    std::vector<lumeth::DisplayListItem> snapshot() const
     {
         std::vector<lumeth::DisplayListItem> items;
-        scene.getGraph().visit(
-            [&](tree::Node<lumeth::DisplayListItem>*, tree::Node<lumeth::DisplayListItem>* node) {
-                items.push_back(node->value);
-            });
+        for (const lumeth::DisplayListItem* const item : itemsOf(show->scene())) {
+            items.push_back(*item);
+        }
         return items;
     }
 
@@ -135,97 +74,106 @@ protected:
         }
     }
 };
+INSTANTIATE_TEST_SUITE_P(Of, AnyScene, testing::ValuesIn(allScenes),
+                         [](const auto& row) { return row.param.name; });
 
-using Scenes = testing::Types<RoomScene, PeopleScene, BurgerScene, BottleScene, ToiletScene>;
+/// A scene with a camera.
+class FilmedScene : public AnyScene {};
 
-struct SceneNames {
-    template<typename Scene>
-    static std::string GetName(int /*place*/)
-    {
-        return Facts<Scene>::name;
-    }
-};
-TYPED_TEST_SUITE(AnyScene, Scenes, SceneNames);
-
-TYPED_TEST(AnyScene, ReadsEachOfItsTracksOnceAtTheRowOfTheTime)
+std::vector<Scene> filmedScenes()
 {
-    this->writeCurves();
-    this->build();
+    std::vector<Scene> rows;
+    for (const Scene& row : allScenes) {
+        if (row.camera != CameraForm::None) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+INSTANTIATE_TEST_SUITE_P(Of, FilmedScene, testing::ValuesIn(filmedScenes()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_P(AnyScene, ReadsEachOfItsTracksOnceAtTheRowOfTheTime)
+{
+    writeCurves();
+    build();
     trackWatch.reads.clear();
-    this->update(7.25);
+    update(7.25);
     for (const TrackWatch::Read& read : trackWatch.reads) {
         EXPECT_EQ(read.row, 7.25 * 34.13333333333333) << read.track;
     }
-    EXPECT_THAT(trackWatch.takeReads(), UnorderedElementsAreArray(tracksOf<TypeParam>()));
+    std::vector<std::string> expected = lookUpsOf(GetParam());
+    expected.erase(std::remove(expected.begin(), expected.end(), tracks::debug.name), expected.end());
+    EXPECT_THAT(trackWatch.takeReads(), UnorderedElementsAreArray(expected));
 }
 
-TYPED_TEST(AnyScene, ReadsNothingWhileItIsBuilt)
+TEST_P(AnyScene, ReadsNothingWhileItIsBuilt)
 {
-    this->build();
+    build();
     EXPECT_THAT(trackWatch.reads, IsEmpty());
 }
 
-TYPED_TEST(AnyScene, UpdatesWithoutACallToTheRenderer)
+TEST_P(AnyScene, UpdatesWithoutACallToTheRenderer)
 {
-    this->writeCurves();
-    this->build();
-    this->renderer.take();
-    this->update(0.0);
-    this->update(11.0);
-    EXPECT_THAT(this->renderer.calls, IsEmpty());
+    writeCurves();
+    build();
+    renderer.take();
+    update(0.0);
+    update(11.0);
+    EXPECT_THAT(renderer.calls, IsEmpty());
 }
 
-TYPED_TEST(AnyScene, ShowsARowTheSameWhateverCameBefore)
+TEST_P(FilmedScene, ShowsARowTheSameWhateverCameBefore)
 {
-    this->writeCurves();
-    this->build();
-    this->update(3.1);
-    const auto early = this->snapshot(this->show->scene);
-    this->update(17.9);
-    const auto late = this->snapshot(this->show->scene);
+    writeCurves();
+    build();
+    update(3.1);
+    const auto early = snapshot();
+    update(17.9);
+    const auto late = snapshot();
     EXPECT_NE(early[0].localMatrix, late[0].localMatrix);
-    this->update(3.1);
-    this->expectSameState(this->snapshot(this->show->scene), early);
+    update(3.1);
+    expectSameState(snapshot(), early);
 
     // Entered at the later row, on its first frame.
-    this->build();
-    this->update(17.9);
-    this->expectSameState(this->snapshot(this->show->scene), late);
+    build();
+    update(17.9);
+    expectSameState(snapshot(), late);
 }
 
-TYPED_TEST(AnyScene, DriftsByRoundingAloneInAThousandFrames)
+TEST_P(FilmedScene, DriftsByRoundingAloneInAThousandFrames)
 {
-    this->writeCurves();
-    this->build();
-    this->update(3.1);
-    const auto early = this->snapshot(this->show->scene);
+    writeCurves();
+    build();
+    update(3.1);
+    const auto early = snapshot();
     for (int frame = 0; frame < 1000; ++frame) {
-        this->update(0.02 * frame);
+        update(0.02 * frame);
     }
-    this->update(3.1);
-    const auto again = this->snapshot(this->show->scene);
+    update(3.1);
+    const auto again = snapshot();
     for (std::size_t i = 0; i < early.size(); ++i) {
         // A unit of the last place a frame at the very most.
         expectNear(again[i].localMatrix, early[i].localMatrix, 1e-4F);
     }
 }
 
-TYPED_TEST(AnyScene, GoesOnWhereTheCameraStandsOnItsTarget)
+TEST_P(FilmedScene, GoesOnWhereTheCameraStandsOnItsTarget)
 {
-    lumeth::Scene& scene = this->build(); // no track has a file, so that all read 0
-    EXPECT_NO_THROW(this->update(5.0));
+    lumeth::Scene& scene = build(); // no track has a file, so that all read 0
+    EXPECT_NO_THROW(update(5.0));
     EXPECT_TRUE(std::isnan(scene.getGraph().value.localMatrix[0][0]));
-    EXPECT_NO_THROW(scene.draw(this->renderer, 5.0));
-    EXPECT_FALSE(this->renderer.frames.empty());
+    EXPECT_NO_THROW(scene.draw(renderer, 5.0));
+    EXPECT_FALSE(renderer.frames.empty());
 }
 
-TYPED_TEST(AnyScene, EndsItsPictureWithLetterboxAndGamma)
+TEST_P(FilmedScene, EndsItsPictureWithLetterboxAndGamma)
 {
-    lumeth::Scene& scene = this->build();
+    lumeth::Scene& scene = build();
     const std::vector<zund::DrawCommand> passes = scene.drawPostprocess();
     ASSERT_EQ(passes.size(), 2U);
-    EXPECT_EQ(shaderName(this->programOf(passes[0]).fragmentSource), "letterbox");
-    EXPECT_EQ(shaderName(this->programOf(passes[1]).fragmentSource), "gamma");
+    EXPECT_EQ(fragmentShaderOf(passes[0]), "post_letterbox.frag");
+    EXPECT_EQ(fragmentShaderOf(passes[1]), "post_gamma_encode.frag");
     for (const zund::DrawCommand& pass : passes) {
         for (std::size_t unit = 2; unit < 8; ++unit) {
             EXPECT_FALSE(pass.textures[unit].isValid()) << unit;
@@ -233,83 +181,151 @@ TYPED_TEST(AnyScene, EndsItsPictureWithLetterboxAndGamma)
     }
 }
 
-TYPED_TEST(AnyScene, ShadesWithTheStockMaterialOfItsOwn)
+TEST_P(FilmedScene, ShadesWithTheStockMaterialOfItsOwn)
 {
-    lumeth::Scene& scene = this->build();
-    const zund::DrawCommand command = this->drawn(scene, Facts<TypeParam>::stockObject());
-    // The first program that a scene makes.
-    EXPECT_EQ(command.program.get(), this->renderer.programs.begin()->first);
-    EXPECT_EQ(this->programOf(command).fragmentSource, lumeth::Scene::material_frag);
+    lumeth::Scene& scene = build();
+    const std::vector<zund::DrawCommand> draws = drawsWith(scene, "material.frag", 0.0);
+    EXPECT_FALSE(draws.empty());
+    for (const zund::DrawCommand& command : draws) {
+        // The first program that a scene makes.
+        EXPECT_EQ(command.program.get(), renderer.programs.begin()->first);
+    }
 }
 
-TYPED_TEST(AnyScene, UploadsItsTexturesInTheSameSizesForAnyPicture)
+TEST_P(AnyScene, UploadsItsTexturesInTheSameSizesForAnyPicture)
 {
-    this->build({}, {320, 200});
+    build({}, {320, 200});
     std::vector<std::pair<int, int>> small;
-    for (const RecordingRenderer::Texture& texture : this->renderer.textures) {
+    for (const RecordingRenderer::Texture& texture : renderer.textures) {
         small.emplace_back(texture.width, texture.height);
     }
-    this->renderer.textures.clear();
-    this->build({}, {3840, 2160});
+    renderer.textures.clear();
+    build({}, {3840, 2160});
     std::vector<std::pair<int, int>> large;
-    for (const RecordingRenderer::Texture& texture : this->renderer.textures) {
+    for (const RecordingRenderer::Texture& texture : renderer.textures) {
         large.emplace_back(texture.width, texture.height);
     }
     EXPECT_EQ(small, large);
-    EXPECT_EQ(small.size(), Facts<TypeParam>::textures().size());
 }
 
-TYPED_TEST(AnyScene, LoadsEachTextureFromBehindItsHeader)
+TEST_P(AnyScene, NeedsEachOfItsTextures)
 {
-    this->build();
-    std::vector<const void*> expected;
-    for (const std::string& name : Facts<TypeParam>::textures()) {
-        expected.push_back(this->assets->getFile(name, true));
-    }
-    std::vector<const void*> loaded;
-    for (const RecordingRenderer::Texture& texture : this->renderer.textures) {
-        loaded.push_back(texture.data);
-    }
-    EXPECT_THAT(loaded, UnorderedElementsAreArray(expected));
-}
-
-TYPED_TEST(AnyScene, NeedsEachOfItsTextures)
-{
-    for (const std::string& missing : Facts<TypeParam>::textures()) {
-        std::vector<std::pair<std::string, std::string>> files = {{"another.dds", std::string(136, 'a')}};
-        for (const std::string& name : Facts<TypeParam>::textures()) {
-            if (name != missing) {
-                files.emplace_back(name, std::string(136, 't'));
+    build();
+    for (const std::string& missing : loadedTextures()) {
+        std::vector<std::pair<std::string, std::string>> files;
+        for (const Texture& texture : allTextures) {
+            if (texture.name != missing) {
+                files.emplace_back(texture.file, std::string(136, 't'));
             }
         }
-        this->folder.writePack(files);
-        this->assets = std::make_unique<pack::Packfile>("assets/assets.pack");
-        EXPECT_THAT([&] { this->build(); },
-                    ThrowsMessage<std::out_of_range>("No such file in pack: " + missing));
+        folder.writePack(files);
+        assets = std::make_unique<pack::Packfile>("assets/assets.pack");
+        EXPECT_THAT([&] { build(); },
+                    ThrowsMessage<std::out_of_range>("No such file in pack: " + missing + ".dds"));
     }
 }
 
-TYPED_TEST(AnyScene, NeedsEachOfItsModels)
+TEST_P(AnyScene, NeedsEachOfItsModels)
 {
-    for (const std::string& missing : Facts<TypeParam>::models()) {
-        const std::filesystem::path model = this->folder.asset(missing + ".glb");
-        const std::filesystem::path elsewhere = this->folder.asset("elsewhere.glb");
+    build();
+    for (const std::string& missing : loadedModels()) {
+        const std::filesystem::path model = folder.asset(missing + ".glb");
+        const std::filesystem::path elsewhere = folder.asset("elsewhere.glb");
         std::filesystem::rename(model, elsewhere);
-        EXPECT_THAT([&] { this->build(); }, ThrowsMessage<std::runtime_error>("failed to import model"))
-            << missing;
+        EXPECT_THAT([&] { build(); }, ThrowsMessage<std::runtime_error>("failed to import model")) << missing;
         std::filesystem::rename(elsewhere, model);
     }
-    EXPECT_NO_THROW(this->build());
 }
 
-TYPED_TEST(AnyScene, LoadsItsOwnCopyOfEverything)
+TEST_P(AnyScene, LoadsItsOwnCopyOfEverything)
 {
-    this->build();
-    const std::size_t meshes = this->renderer.meshes.size();
-    const std::size_t textures = this->renderer.textures.size();
-    this->build();
-    EXPECT_EQ(this->renderer.meshes.size(), 2 * meshes);
-    EXPECT_EQ(this->renderer.textures.size(), 2 * textures);
+    build();
+    const std::size_t meshes = renderer.meshes.size();
+    const std::size_t textures = renderer.textures.size();
+    build();
+    EXPECT_EQ(renderer.meshes.size(), 2 * meshes);
+    EXPECT_EQ(renderer.textures.size(), 2 * textures);
+}
+
+TEST_P(AnyScene, LooksUpTheTracksOfItsRowInThatOrder)
+{
+    std::vector<std::string> lookUps;
+    trackWatch.onLookUp = [&](const std::string& track) {
+        lookUps.push_back(track);
+    };
+    build();
+    EXPECT_EQ(lookUps, lookUpsOf(GetParam()));
+}
+
+/// Where a camera stands by its track values.
+glm::vec3 eyeOf(CameraForm form, const glm::vec3& values)
+{
+    if (form == CameraForm::Point) {
+        return values;
+    }
+    const float angle = values.x * 3.14F;
+    return {values.z * std::cos(angle), values.y, values.z * std::sin(angle)};
+}
+
+TEST_P(AnyScene, ReadsItsCameraInTheFormOfItsRow)
+{
+    const glm::vec3 target(0.25F, -0.5F, 0.75F);
+    for (const glm::vec3& values : {glm::vec3(0.0F, 1.0F, 2.0F), glm::vec3(0.5F, 1.5F, 2.5F)}) {
+        lumeth::Scene& scene = build(cameraAt(values, target));
+        const glm::mat4 before = itemsOf(scene).front()->localMatrix;
+        update(1.0);
+        const glm::mat4& camera = itemsOf(scene).front()->localMatrix;
+        if (GetParam().camera == CameraForm::None) {
+            EXPECT_EQ(camera, before);
+        } else {
+            expectNear(camera, viewOf(eyeOf(GetParam().camera, values), target, {0.0, 1.0, 0.0}), 1e-5F);
+        }
+    }
+}
+
+/// Where the tables of the catalogue meet.
+class AllScenes : public SceneStage {
+protected:
+    void buildAll()
+    {
+        for (const Scene& row : allScenes) {
+            build(row);
+        }
+    }
+};
+
+template<typename Row, std::size_t Count>
+std::set<std::string> namesOf(const Row (&rows)[Count])
+{
+    std::set<std::string> names;
+    for (const Row& row : rows) {
+        names.emplace(row.name);
+    }
+    return names;
+}
+
+std::set<std::string> asSet(const std::vector<std::string>& names)
+{
+    return {names.begin(), names.end()};
+}
+
+TEST_F(AllScenes, LoadAllModelsAndTexturesAndNoOthers)
+{
+    buildAll();
+    EXPECT_EQ(asSet(loadedModels()), namesOf(allModels));
+    EXPECT_EQ(asSet(loadedTextures()), namesOf(allTextures));
+}
+
+TEST_F(AllScenes, LookUpAllTracksButTheOneThatChoosesThem)
+{
+    std::set<std::string> lookUps;
+    trackWatch.onLookUp = [&](const std::string& track) {
+        lookUps.insert(track);
+    };
+    buildAll();
+    EXPECT_FALSE(lookUps.contains(tracks::scene.name));
+    lookUps.emplace(tracks::scene.name);
+    EXPECT_EQ(lookUps, namesOf(allTracks));
 }
 
 } // namespace

@@ -1,8 +1,5 @@
-#include "scenes/bottle_scene.h"
-
 #include "tests/engine/matrices.h"
 #include "tests/scenes/scene_stage.h"
-#include "tests/scenes/track_watch.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -14,17 +11,18 @@ using testing::UnorderedElementsAreArray;
 
 namespace {
 
-using BottleSceneTest = SceneTest<BottleScene>;
+using namespace catalogue;
 
-const TrackValues camera = {{"camera_pos_x", 0.25F}, {"camera_pos_y", 0.5F}, {"camera_pos_z", -0.75F},
-                            {"camera_tgt_x", 0.1F},  {"camera_tgt_y", 0.2F}, {"camera_tgt_z", 2.0F}};
+using BottleSceneTest = SceneTest<scenes::bottle>;
+
+const TrackValues camera = cameraAt({0.25F, 0.5F, -0.75F}, {0.1F, 0.2F, 2.0F});
 
 TEST_F(BottleSceneTest, ScrollsItsTextByTheTimeAlone)
 {
     lumeth::Scene& scene = build(camera);
     update(1.0);
-    const std::vector<zund::DrawCommand> before = drawsWith(scene, "bottle text", 1.0);
-    const std::vector<zund::DrawCommand> after = drawsWith(scene, "bottle text", 170.123456789);
+    const std::vector<zund::DrawCommand> before = drawsWith(scene, "scroller.frag", 1.0);
+    const std::vector<zund::DrawCommand> after = drawsWith(scene, "scroller.frag", 170.123456789);
     ASSERT_EQ(before.size(), 1U);
     ASSERT_EQ(after.size(), 1U);
     EXPECT_THAT(uniformNames(before[0]), ElementsAre("time"));
@@ -35,36 +33,27 @@ TEST_F(BottleSceneTest, ScrollsItsTextByTheTimeAlone)
 TEST_F(BottleSceneTest, StandsBeforeAYellowGradientAndLeavesTheSkyBlack)
 {
     lumeth::Scene& scene = build();
-    ASSERT_EQ(drawsWith(scene, "yellow to blue", 9.25).size(), 1U);
+    ASSERT_EQ(drawsWith(scene, "background.frag", 9.25).size(), 1U);
     EXPECT_EQ(uniform<glm::vec3>(scene.drawSkybox(), "background_color"), glm::vec3(0.0F));
 }
 
 TEST_F(BottleSceneTest, BuildsEverythingInOrder)
 {
     build({}, {320, 200});
-    std::vector<std::string> expected = passStory("letterbox", 320, 200);
-    for (const std::vector<std::string>& part :
-         {passStory("gamma", 320, 200), backgroundStory("yellow to blue"),
-          std::vector<std::string>{
-              "model beer",
-              "texture pisswasser.dds 2048x2048",
-              "triangle at z -1",
-              "texture unlimited.dds 2048x2048",
-              "vertex shader full frame",
-              "fragment shader bottle text",
-              "createProgram",
-              "uniform time",
-              "track camera_pos_x",
-              "track camera_pos_y",
-              "track camera_pos_z",
-              "track camera_tgt_x",
-              "track camera_tgt_y",
-              "track camera_tgt_z",
-          }})
-    {
-        expected.insert(expected.end(), part.begin(), part.end());
-    }
-    EXPECT_THAT(story(), ElementsAreArray(expected));
+    const Story own = {
+        loading(models::beer),
+        loading(textures::pisswasser),
+        "full-frame triangle at z -1",
+        loading(textures::unlimited),
+        "shader scroller.vert",
+        "shader scroller.frag",
+        "createProgram",
+        "uniform time",
+    };
+    EXPECT_THAT(story(),
+                ElementsAreArray(joined({addingPass("post_letterbox.frag", 320, 200),
+                                         addingPass("post_gamma_encode.frag", 320, 200),
+                                         settingBackground("background.frag"), own, lookingUpTheCamera()})));
 }
 
 struct Moment {

@@ -1,5 +1,3 @@
-#include "scenes/burger_scene.h"
-
 #include "tests/scenes/scene_stage.h"
 #include "tests/scenes/track_watch.h"
 
@@ -14,7 +12,9 @@ using testing::Not;
 
 namespace {
 
-using BurgerSceneTest = SceneTest<BurgerScene>;
+using namespace catalogue;
+
+using BurgerSceneTest = SceneTest<scenes::burger>;
 
 // clang-format off
 /// How one layer of the burger moves.
@@ -67,8 +67,9 @@ const Moment moments[] = {
 
 TrackValues tracksOf(const Moment& moment)
 {
-    return {{"burger_rotate", moment.rotate}, {"burger_pitch", moment.pitch},   {"box_open", moment.lid},
-            {"burger_open", moment.open},     {"burger_random", moment.random}, {"camera_pos_z", 2.0F}};
+    return {{tracks::burger_rotate, moment.rotate}, {tracks::burger_pitch, moment.pitch},
+            {tracks::box_open, moment.lid},         {tracks::burger_open, moment.open},
+            {tracks::burger_random, moment.random}, {tracks::camera_pos_z, 2.0F}};
 }
 
 glm::quat about(const glm::vec3& axis, float angle)
@@ -81,10 +82,9 @@ TEST_F(BurgerSceneTest, StartsWithAllVisibleButTheText)
 {
     lumeth::Scene& scene = build();
     const lumeth::DisplayListItem* const text = &itemAt(scene, "scroller");
-    scene.getGraph().visit(
-        [&](tree::Node<lumeth::DisplayListItem>*, tree::Node<lumeth::DisplayListItem>* node) {
-            EXPECT_EQ(node->value.visible, &node->value != text) << node->value.objectName;
-        });
+    for (const lumeth::DisplayListItem* const item : itemsOf(scene)) {
+        EXPECT_EQ(item->visible, item != text) << item->objectName;
+    }
 }
 
 TEST_F(BurgerSceneTest, SendsItsTextTheTimeAlone)
@@ -98,7 +98,7 @@ TEST_F(BurgerSceneTest, SendsItsTextTheTimeAlone)
 TEST_F(BurgerSceneTest, HidesItsSkyBehindTheGradient)
 {
     lumeth::Scene& scene = build();
-    ASSERT_EQ(drawsWith(scene, "grey to blue", 9.25).size(), 1U);
+    ASSERT_EQ(drawsWith(scene, "grey_blue_background.frag", 9.25).size(), 1U);
     const zund::DrawCommand sky = scene.drawSkybox();
     EXPECT_EQ(uniform<glm::vec3>(sky, "background_color"), glm::vec3(0.3F, 0.3F, 0.4F));
     for (const zund::DrawCommand& command : renderer.frames.back()) {
@@ -109,51 +109,28 @@ TEST_F(BurgerSceneTest, HidesItsSkyBehindTheGradient)
 TEST_F(BurgerSceneTest, BuildsEverythingInOrderAndTheTextAfterTheTracks)
 {
     build({}, {320, 200});
-    std::vector<std::string> expected = passStory("letterbox", 320, 200);
-    for (const std::vector<std::string>& part :
-         {passStory("gamma", 320, 200), backgroundStory("grey to blue"),
-          std::vector<std::string>{
-              "model burgerbox_bottom",
-              "model burgerbox_top",
-              "texture burgerbox_top.dds 2048x2048",
-              "model burger_top",
-              "model burger_bottom",
-              "model burger_middle",
-              "model burger_steak",
-              "model burger_cheese",
-              "track camera_pos_x",
-              "track camera_pos_y",
-              "track camera_pos_z",
-              "track camera_tgt_x",
-              "track camera_tgt_y",
-              "track camera_tgt_z",
-              "track burger_rotate",
-              "track burger_pitch",
-              "track box_open",
-              "track burger_open",
-              "track burger_random",
-              "track burger_text",
-              "triangle at z -1",
-              "texture burgertext.dds 3840x2160",
-              "vertex shader full frame",
-              "fragment shader burger text",
-              "createProgram",
-              "uniform time",
-          }})
-    {
-        expected.insert(expected.end(), part.begin(), part.end());
-    }
-    EXPECT_THAT(story(), ElementsAreArray(expected));
+    const Story own = {
+        loading(models::burgerbox_bottom), loading(models::burgerbox_top), loading(textures::burgerbox_top),
+        loading(models::burger_top),       loading(models::burger_bottom), loading(models::burger_middle),
+        loading(models::burger_steak),     loading(models::burger_cheese),
+    };
+    EXPECT_THAT(
+        story(),
+        ElementsAreArray(joined(
+            {addingPass("post_letterbox.frag", 320, 200),
+             addingPass("post_gamma_encode.frag", 320, 200),
+             settingBackground("grey_blue_background.frag"),
+             own,
+             lookingUpTheCamera(),
+             {lookingUp(tracks::burger_rotate), lookingUp(tracks::burger_pitch), lookingUp(tracks::box_open),
+              lookingUp(tracks::burger_open), lookingUp(tracks::burger_random),
+              lookingUp(tracks::burger_text), "full-frame triangle at z -1", loading(textures::burgertext),
+              "shader scroller.vert", "shader burger.frag", "createProgram", "uniform time"}})));
 }
 
 TEST_F(BurgerSceneTest, PlacesTheCameraAsTheTracksSay)
 {
-    lumeth::Scene& scene = build({{"camera_pos_x", 0.3F},
-                                  {"camera_pos_y", 0.4F},
-                                  {"camera_pos_z", -1.7F},
-                                  {"camera_tgt_x", -0.05F},
-                                  {"camera_tgt_y", 0.1F},
-                                  {"camera_tgt_z", 1.0F}});
+    lumeth::Scene& scene = build(cameraAt({0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F}));
     update(3.75);
     expectCamera(scene, {0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F});
 }
@@ -269,7 +246,7 @@ TEST(BurgerMoments, TellDoublesFromFloats)
 
 TEST_F(BurgerSceneTest, StandsAssembledAndClosedWithAllTracksAtZero)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}});
     update(0.0);
     expectTurned(itemAt(scene, "box/boxt"), {0.0F, 0.0F, -0.05F}, 0.0, {1.0, 0.0, 0.0}, 0.02);
     for (const Layer& layer : layers) {
@@ -283,7 +260,7 @@ TEST_F(BurgerSceneTest, StandsAssembledAndClosedWithAllTracksAtZero)
 
 TEST_F(BurgerSceneTest, SpreadsTheLayersOverOneUnit)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_open", 1.0F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}, {tracks::burger_open, 1.0F}});
     update(0.0);
     const std::pair<const char*, float> heights[] = {
         {"burger_top", 1.0F},
@@ -316,18 +293,18 @@ class BurgerText : public BurgerSceneTest, public testing::WithParamInterface<Te
 
 TEST_P(BurgerText, IsDrawnOnlyAboveZero)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_text", GetParam().value}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}, {tracks::burger_text, GetParam().value}});
     update(0.0);
     EXPECT_EQ(itemAt(scene, "scroller").visible, GetParam().visible);
-    EXPECT_EQ(drawsWith(scene, "burger text", 0.0).size(), GetParam().visible ? 1U : 0U);
+    EXPECT_EQ(drawsWith(scene, "burger.frag", 0.0).size(), GetParam().visible ? 1U : 0U);
 }
 INSTANTIATE_TEST_SUITE_P(All, BurgerText, testing::ValuesIn(textSwitches),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(BurgerSceneTest, GoesOnWithoutTheTextWhenItIsSwitchedOff)
 {
-    folder.writeTrack("burger_text", {{0, 1.0F, 0}, {100, 0.0F, 0}});
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    folder.writeTrack(tracks::burger_text.name, {{0, 1.0F, 0}, {100, 0.0F, 0}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}});
     update(0.0);
     EXPECT_TRUE(itemAt(scene, "scroller").visible);
     update(100.5 / 34.13333333333333);
@@ -336,10 +313,10 @@ TEST_F(BurgerSceneTest, GoesOnWithoutTheTextWhenItIsSwitchedOff)
 
 TEST_F(BurgerSceneTest, ReadsTheTextTrackLastAfterAllTransforms)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_random", 0.5F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}, {tracks::burger_random, 0.5F}});
     bool tumbled = false;
     trackWatch.onRead = [&](const std::string& track) {
-        if (track == "burger_text") {
+        if (track == tracks::burger_text.name) {
             tumbled = itemAt(scene, "box/burger_steak1").localMatrix[1][2] != 0.0F;
         }
     };
@@ -347,7 +324,7 @@ TEST_F(BurgerSceneTest, ReadsTheTextTrackLastAfterAllTransforms)
     EXPECT_TRUE(tumbled);
     const std::vector<std::string> reads = trackWatch.takeReads();
     ASSERT_EQ(reads.size(), 12U);
-    EXPECT_EQ(reads.back(), "burger_text");
+    EXPECT_EQ(reads.back(), tracks::burger_text.name);
 }
 
 } // namespace

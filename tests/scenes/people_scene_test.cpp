@@ -1,7 +1,4 @@
-#include "scenes/people_scene.h"
-
 #include "tests/scenes/scene_stage.h"
-#include "tests/scenes/track_watch.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -13,7 +10,9 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-using PeopleSceneTest = SceneTest<PeopleScene>;
+using namespace catalogue;
+
+using PeopleSceneTest = SceneTest<scenes::people>;
 
 TEST_F(PeopleSceneTest, SendsItsTextTheTimeAlone)
 {
@@ -26,7 +25,7 @@ TEST_F(PeopleSceneTest, SendsItsTextTheTimeAlone)
 TEST_F(PeopleSceneTest, StandsBeforeAWarmGradientAndLeavesTheSkyBlack)
 {
     lumeth::Scene& scene = build();
-    const std::vector<zund::DrawCommand> backgrounds = drawsWith(scene, "warm to teal", 9.25);
+    const std::vector<zund::DrawCommand> backgrounds = drawsWith(scene, "warm_teal_background.frag", 9.25);
     ASSERT_EQ(backgrounds.size(), 1U);
     EXPECT_EQ(uniform<glm::vec2>(backgrounds[0], "resolution"), glm::vec2(320.0F, 200.0F));
     EXPECT_EQ(uniform<glm::vec3>(scene.drawSkybox(), "background_color"), glm::vec3(0.0F));
@@ -35,35 +34,27 @@ TEST_F(PeopleSceneTest, StandsBeforeAWarmGradientAndLeavesTheSkyBlack)
 TEST_F(PeopleSceneTest, BuildsEverythingInOrder)
 {
     build({}, {320, 200});
-    std::vector<std::string> expected = passStory("letterbox", 320, 200);
-    for (const std::vector<std::string>& part :
-         {passStory("gamma", 320, 200), backgroundStory("warm to teal"),
-          std::vector<std::string>{
-              "model sofa",
-              "texture sofa_diff.dds 2048x2048",
-              "texture sofa_norm.dds 2048x2048",
-              "model person",
-              "model hat",
-              "model glasses",
-              "triangle at z 0",
-              "texture pants.dds 3840x2160",
-              "vertex shader full frame",
-              "fragment shader people text",
-              "createProgram",
-              "uniform time",
-              "model sofa_legs",
-              "track camera_pos_x",
-              "track camera_pos_y",
-              "track camera_pos_z",
-              "track camera_tgt_x",
-              "track camera_tgt_y",
-              "track camera_tgt_z",
-              "track hat_r",
-          }})
-    {
-        expected.insert(expected.end(), part.begin(), part.end());
-    }
-    EXPECT_THAT(story(), ElementsAreArray(expected));
+    const Story own = {
+        loading(models::sofa),
+        loading(textures::sofa_diff),
+        loading(textures::sofa_norm),
+        loading(models::person),
+        loading(models::hat),
+        loading(models::glasses),
+        "full-frame triangle at z 0",
+        loading(textures::pants),
+        "shader scroller.vert",
+        "shader pscroller.frag",
+        "createProgram",
+        "uniform time",
+        loading(models::sofa_legs),
+    };
+    EXPECT_THAT(story(), ElementsAreArray(joined({addingPass("post_letterbox.frag", 320, 200),
+                                                  addingPass("post_gamma_encode.frag", 320, 200),
+                                                  settingBackground("warm_teal_background.frag"),
+                                                  own,
+                                                  lookingUpTheCamera(),
+                                                  {lookingUp(tracks::hat_r)}})));
 }
 
 struct Moment {
@@ -92,13 +83,9 @@ const Moment moments[] = {
 
 TrackValues tracksOf(const Moment& moment)
 {
-    return {{"camera_pos_x", moment.orbit},
-            {"camera_pos_y", moment.height},
-            {"camera_pos_z", moment.radius},
-            {"camera_tgt_x", moment.target.x},
-            {"camera_tgt_y", moment.target.y},
-            {"camera_tgt_z", moment.target.z},
-            {"hat_r", moment.hat}};
+    TrackValues values = cameraAt({moment.orbit, moment.height, moment.radius}, moment.target);
+    values.emplace_back(tracks::hat_r, moment.hat);
+    return values;
 }
 
 /// What hat and glasses tip by, before their shares.
@@ -182,7 +169,7 @@ TEST(PeopleMoments, TellDoublesFromFloats)
 
 TEST_F(PeopleSceneTest, IsNotUprightWhereTheHatTrackIsZero)
 {
-    lumeth::Scene& scene = build({{"hat_r", 0.0F}, {"camera_pos_z", 1.0F}});
+    lumeth::Scene& scene = build({{tracks::hat_r, 0.0F}, {tracks::camera_pos_z, 1.0F}});
     update(0.0);
     // |cos(-0.3)| * 3.14 is 2.99976.
     EXPECT_NEAR(swingOf(0.0F), 2.99976F, 1e-4F);
@@ -192,7 +179,7 @@ TEST_F(PeopleSceneTest, IsNotUprightWhereTheHatTrackIsZero)
 
 TEST_F(PeopleSceneTest, IsAllButUprightWhereTheCosineCrossesZero)
 {
-    lumeth::Scene& scene = build({{"hat_r", 0.596F}, {"camera_pos_z", 1.0F}});
+    lumeth::Scene& scene = build({{tracks::hat_r, 0.596F}, {tracks::camera_pos_z, 1.0F}});
     update(0.0);
     // Of 0.596 * 3.14 - 0.3 = 1.57144 the cosine is -0.00064.
     EXPECT_NEAR(itemAt(scene, "ukko1_hat").localMatrix[1][2], 0.2F * 0.05F * 0.00064F * 3.14F, 2e-6F);
@@ -201,14 +188,15 @@ TEST_F(PeopleSceneTest, IsAllButUprightWhereTheCosineCrossesZero)
 
 TEST_F(PeopleSceneTest, StandsOnTheAxisWithoutARadiusWhateverTheAngle)
 {
-    lumeth::Scene& scene = build({{"camera_pos_x", 0.7F}, {"camera_pos_y", 2.0F}, {"camera_tgt_z", -1.0F}});
+    lumeth::Scene& scene =
+        build({{tracks::camera_pos_x, 0.7F}, {tracks::camera_pos_y, 2.0F}, {tracks::camera_tgt_z, -1.0F}});
     update(0.0);
     expectCamera(scene, {0.0F, 2.0F, 0.0F}, {0.0F, 0.0F, -1.0F});
 }
 
 TEST_F(PeopleSceneTest, EndsAHalfOrbitALittleShort)
 {
-    lumeth::Scene& scene = build({{"camera_pos_x", 1.0F}, {"camera_pos_z", 2.0F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_x, 1.0F}, {tracks::camera_pos_z, 2.0F}});
     update(0.0);
     // cos 3.14 = -0.99999873, sin 3.14 = 0.00159265: the eye is at twice that, and the view looks down on it.
     const glm::mat4 world = glm::inverse(scene.getGraph().value.localMatrix);
@@ -220,7 +208,7 @@ TEST_F(PeopleSceneTest, MovesNeitherTextNorItsDepthWithTheCamera)
 {
     lumeth::Scene& scene = build(tracksOf(moments[1]));
     update(3.75);
-    const std::vector<zund::DrawCommand> texts = drawsWith(scene, "people text", 3.75);
+    const std::vector<zund::DrawCommand> texts = drawsWith(scene, "pscroller.frag", 3.75);
     ASSERT_EQ(texts.size(), 1U);
     EXPECT_THAT(uniformNames(texts[0]), ElementsAre("time"));
     EXPECT_TRUE(texts[0].depthWrite);

@@ -1,5 +1,3 @@
-#include "scenes/room_scene.h"
-
 #include "engine/default_material.h"
 #include "scenes/tv_material.h"
 #include "tests/scenes/scene_stage.h"
@@ -8,38 +6,39 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::Not;
 
 namespace {
 
-using RoomSceneTest = SceneTest<RoomScene>;
+using namespace catalogue;
+
+using RoomSceneTest = SceneTest<scenes::room>;
 
 TEST_F(RoomSceneTest, BuildsEverythingInOrder)
 {
     build({}, {320, 200});
-    std::vector<std::string> expected = passStory("letterbox", 320, 200);
-    const std::vector<std::string> gamma = passStory("gamma", 320, 200);
-    expected.insert(expected.end(), gamma.begin(), gamma.end());
-    const std::vector<std::string> own = {
-        "model room",
-        "texture room_diff.dds 2048x2048",
-        "model sofa",
-        "texture sofa_diff.dds 2048x2048",
-        "texture sofa_norm.dds 2048x2048",
-        "model sofa_legs",
-        "model person",
-        "model hat",
-        "model glasses",
-        "model coffeetable",
-        "texture coffeetable_diff.dds 2048x2048",
-        "texture coffeetable_norm.dds 2048x2048",
-        "model beer",
-        "texture pisswasser.dds 2048x2048",
-        "model tv",
-        "texture tv_emit.dds 2048x2048",
-        "vertex shader material",
-        "fragment shader tv",
+    const Story own = {
+        loading(models::room),
+        loading(textures::room_diff),
+        loading(models::sofa),
+        loading(textures::sofa_diff),
+        loading(textures::sofa_norm),
+        loading(models::sofa_legs),
+        loading(models::person),
+        loading(models::hat),
+        loading(models::glasses),
+        loading(models::coffeetable),
+        loading(textures::coffeetable_diff),
+        loading(textures::coffeetable_norm),
+        loading(models::beer),
+        loading(textures::pisswasser),
+        loading(models::tv),
+        loading(textures::tv_emit),
+        "shader material.vert",
+        "shader tv.frag",
         "createProgram",
         "uniform modelToView",
         "uniform worldToView",
@@ -60,25 +59,21 @@ TEST_F(RoomSceneTest, BuildsEverythingInOrder)
         "uniform light_diffuse",
         "uniform light_specular",
         "uniform time",
-        "model tvtable",
-        "texture plywood_diff.dds 2048x2048",
-        "texture plywood_norm.dds 2048x2048",
-        "model bigplant",
-        "texture bigplant.dds 2048x2048",
-        "model flowerpot",
-        "model burgerbox_bottom",
-        "model burgerbox_top",
-        "texture burgerbox_top.dds 2048x2048",
-        "track camera_pos_x",
-        "track camera_pos_y",
-        "track camera_pos_z",
-        "track camera_tgt_x",
-        "track camera_tgt_y",
-        "track camera_tgt_z",
-        "track debug",
+        loading(models::tvtable),
+        loading(textures::plywood_diff),
+        loading(textures::plywood_norm),
+        loading(models::bigplant),
+        loading(textures::bigplant),
+        loading(models::flowerpot),
+        loading(models::burgerbox_bottom),
+        loading(models::burgerbox_top),
+        loading(textures::burgerbox_top),
     };
-    expected.insert(expected.end(), own.begin(), own.end());
-    EXPECT_THAT(story(), ElementsAreArray(expected));
+    EXPECT_THAT(story(), ElementsAreArray(joined({addingPass("post_letterbox.frag", 320, 200),
+                                                  addingPass("post_gamma_encode.frag", 320, 200),
+                                                  own,
+                                                  lookingUpTheCamera(),
+                                                  {lookingUp(tracks::debug)}})));
 }
 
 struct View {
@@ -95,18 +90,11 @@ const View views[] = {
 };
 // clang-format on
 
-TrackValues tracksOf(const View& view)
-{
-    return {{"camera_pos_x", view.position.x}, {"camera_pos_y", view.position.y},
-            {"camera_pos_z", view.position.z}, {"camera_tgt_x", view.target.x},
-            {"camera_tgt_y", view.target.y},   {"camera_tgt_z", view.target.z}};
-}
-
 class RoomCamera : public RoomSceneTest, public testing::WithParamInterface<View> {};
 
 TEST_P(RoomCamera, StandsAndLooksWhereTheTracksSay)
 {
-    lumeth::Scene& scene = build(tracksOf(GetParam()));
+    lumeth::Scene& scene = build(cameraAt(GetParam().position, GetParam().target));
     update(3.75);
     expectCamera(scene, GetParam().position, GetParam().target);
 }
@@ -115,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(All, RoomCamera, testing::ValuesIn(views),
 
 TEST_F(RoomSceneTest, MovesNothingButTheCamera)
 {
-    lumeth::Scene& scene = build(tracksOf(views[0]));
+    lumeth::Scene& scene = build(cameraAt(views[0].position, views[0].target));
     EXPECT_THAT(changedBy([&] { update(3.75); }, scene), ElementsAre(&scene.getGraph().value));
 }
 
@@ -159,18 +147,12 @@ TEST_F(RoomSceneTest, GivesTheTvTheShapeOfThePicture)
     EXPECT_NEAR(ofTv[1][1] / ofTv[0][0], 1920.0 / 810.0, 1e-6);
 }
 
-TEST_F(RoomSceneTest, LooksTheDebugTrackUpAndNeverReadsIt)
+TEST_F(RoomSceneTest, NeverReadsTheDebugTrack)
 {
-    std::vector<std::string> lookUps;
-    trackWatch.onLookUp = [&](const std::string& track) {
-        lookUps.push_back(track);
-    };
-    build({{"debug", 5.0F}});
-    EXPECT_THAT(lookUps, ElementsAre("camera_pos_x", "camera_pos_y", "camera_pos_z", "camera_tgt_x",
-                                     "camera_tgt_y", "camera_tgt_z", "debug"));
+    build({{tracks::debug, 5.0F}});
     update(1.0);
     update(2.0);
-    EXPECT_THAT(trackWatch.takeReads(), testing::Not(testing::Contains("debug")));
+    EXPECT_THAT(trackWatch.takeReads(), Not(Contains(tracks::debug.name)));
 }
 
 } // namespace

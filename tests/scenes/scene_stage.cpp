@@ -1,67 +1,16 @@
 #include "tests/scenes/scene_stage.h"
 
-#include "engine/post_shaders.h"
-#include "scenes/backgrounds.h"
-#include "scenes/full_frame.h"
 #include "tests/engine/matrices.h"
 #include "tests/scenes/track_watch.h"
-#include "tests/standins/box_mesh.h"
-#include "tests/standins/glb_file.h"
+#include "tests/support/named_assets.h"
+#include "tests/support/shader_files.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <fmt/format.h>
-#include <iterator>
 #include <limits>
-#include <stdexcept>
 
 namespace {
-
-// The model at place N is made of N + 1 boxes.
-constexpr const char* modelNames[] = {
-    "room",          "sofa",          "sofa_legs",
-    "person",        "hat",           "glasses",
-    "coffeetable",   "beer",          "tv",
-    "tvtable",       "bigplant",      "flowerpot",
-    "burger_top",    "burger_bottom", "burgerbox_bottom",
-    "burgerbox_top", "toilet",        "toilet_lid",
-    "burger_middle", "burger_steak",  "burger_cheese",
-};
-constexpr const char* textureNames[] = {
-    "room_diff.dds",        "sofa_diff.dds",  "sofa_norm.dds",     "coffeetable_diff.dds",
-    "coffeetable_norm.dds", "pisswasser.dds", "tv_emit.dds",       "plywood_diff.dds",
-    "plywood_norm.dds",     "bigplant.dds",   "burgerbox_top.dds", "pants.dds",
-    "burgertext.dds",       "unlimited.dds",  "queue_main.dds",    "queue_border.dds",
-};
-constexpr unsigned long indicesOfABox = 36;
-
-/// The bytes of a model of that many boxes.
-std::string boxes(std::size_t count)
-{
-    std::vector<standins::Box> row;
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto x = static_cast<float>(2 * i);
-        row.push_back({{x, 0.0F, 0.0F}, {x + 1.0F, 1.0F, 1.0F}});
-    }
-    return standins::encodeGlb("boxes", standins::meshOf(row));
-}
-
-std::string modelOfIndices(unsigned long indices)
-{
-    const unsigned long count = indices / indicesOfABox;
-    if (indices % indicesOfABox != 0 || count == 0 || count > std::size(modelNames)) {
-        return fmt::format("of {} indices", indices);
-    }
-    return modelNames[count - 1];
-}
-
-/// The handle that a recorded call gave, after " = "; -1 if it gave none.
-int handleOf(const std::string& call)
-{
-    const std::size_t equals = call.rfind(" = ");
-    return equals == std::string::npos ? -1 : std::stoi(call.substr(equals + 3));
-}
 
 std::string between(const std::string& text, const std::string& before, const std::string& after)
 {
@@ -69,79 +18,63 @@ std::string between(const std::string& text, const std::string& before, const st
     return text.substr(start, text.find(after, start) - start);
 }
 
+/// What a recorded call made: the one of a list with the handle behind its " = ".
+template<typename Made>
+const Made& madeBy(const std::string& call, const std::vector<Made>& list)
+{
+    const int handle = std::stoi(call.substr(call.rfind(" = ") + 3));
+    return *std::find_if(list.begin(), list.end(), [handle](const Made& made) { return made.id == handle; });
+}
+
+std::string loading(const std::string& texture, int width, int height)
+{
+    return fmt::format("texture {} {}x{}", texture, width, height);
+}
+
 } // namespace
 
-void PrintTo(const ExpectedTexture& texture, std::ostream* stream)
+TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target)
 {
-    *stream << texture.name << ' ' << texture.width << 'x' << texture.height;
+    namespace tracks = catalogue::tracks;
+    return {{tracks::camera_pos_x, position.x}, {tracks::camera_pos_y, position.y},
+            {tracks::camera_pos_z, position.z}, {tracks::camera_tgt_x, target.x},
+            {tracks::camera_tgt_y, target.y},   {tracks::camera_tgt_z, target.z}};
 }
 
-SceneStage::SceneStage()
+Story joined(const std::vector<Story>& parts)
 {
-    folder.enter();
-    for (std::size_t i = 0; i < std::size(modelNames); ++i) {
-        folder.write(fmt::format("{}.glb", modelNames[i]), boxes(i + 1));
+    Story whole;
+    for (const Story& part : parts) {
+        whole.insert(whole.end(), part.begin(), part.end());
     }
-    std::vector<std::pair<std::string, std::string>> files;
-    for (const char* name : textureNames) {
-        files.emplace_back(name, std::string(136, 't'));
-    }
-    folder.writePack(files);
-    assets = std::make_unique<pack::Packfile>("assets/assets.pack");
-    trackWatch = {};
-    trackWatch.onLookUp = [this](const std::string& track) {
-        renderer.calls.push_back("track " + track);
-    };
+    return whole;
 }
 
-SceneStage::~SceneStage()
+std::string loading(const catalogue::Model& model)
 {
-    trackWatch = {};
+    return fmt::format("model {}", model.name);
 }
 
-void SceneStage::openTracks(const TrackValues& values)
+std::string loading(const catalogue::Texture& texture)
 {
-    for (const auto& [name, value] : values) {
-        folder.writeTrack(name, {{0, value, 0}});
-    }
-    sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
+    return loading(std::string(texture.name), texture.width, texture.height);
 }
 
-std::vector<std::string> SceneStage::story() const
+std::string lookingUp(const catalogue::Track& track)
 {
-    const auto last = std::find_if(renderer.calls.begin(), renderer.calls.end(), [](const std::string& call) {
-        return call.find("\"background_color\"") != std::string::npos;
-    });
-    EXPECT_NE(last, renderer.calls.end());
-    std::vector<std::string> lines;
-    for (auto call = last + 1; call < renderer.calls.end(); ++call) {
-        const int handle = handleOf(*call);
-        if (call->starts_with("createShader")) {
-            const std::string kind = between(*call, "(", ",");
-            const auto source = static_cast<std::size_t>(std::stoi(between(*call, "source ", ")")));
-            lines.push_back(fmt::format("{} shader {}", kind, shaderName(renderer.sources.at(source - 1))));
-        } else if (call->starts_with("getUniform")) {
-            lines.push_back("uniform " + between(*call, "\"", "\""));
-        } else if (call->starts_with("createIndexedBuffer")) {
-            const auto mesh = std::find_if(renderer.meshes.begin(), renderer.meshes.end(),
-                                           [&](const auto& candidate) { return candidate.id == handle; });
-            lines.push_back(mesh->indices.size() == 3 ? fmt::format("triangle at z {}", mesh->positions.at(2))
-                                                      : "model " + modelOfIndices(mesh->indices.size()));
-        } else if (call->starts_with("loadTextureDXT")) {
-            zund::DrawCommand command;
-            command.textures[0] = zund::Texture(handle, 0);
-            const ExpectedTexture texture = textureOf(command, 0);
-            lines.push_back(fmt::format("texture {} {}x{}", texture.name, texture.width, texture.height));
-        } else if (call->starts_with("createProgram") || call->starts_with("framebuffer")) {
-            lines.push_back(call->substr(0, call->find('(')));
-        } else {
-            lines.push_back(call->substr(0, call->rfind(" = ")));
-        }
+    return fmt::format("track {}", track.name);
+}
+
+Story lookingUpTheCamera()
+{
+    Story lines;
+    for (const catalogue::Track* const track : catalogue::tracks::camera) {
+        lines.push_back(lookingUp(*track));
     }
     return lines;
 }
 
-std::vector<std::string> SceneStage::passStory(const std::string& shader, int width, int height)
+Story addingPass(const std::string& shader, int width, int height)
 {
     return {
         fmt::format("createTexture2d(RGB16F, {}, {})", width, height),
@@ -149,8 +82,8 @@ std::vector<std::string> SceneStage::passStory(const std::string& shader, int wi
         "createFrameBuffer()",
         "framebufferTexture",
         "framebufferRenderbuffer",
-        "vertex shader post",
-        "fragment shader " + shader,
+        "shader post.vert",
+        "shader " + shader,
         "createProgram",
         "uniform resolution",
         "uniform fbo",
@@ -164,10 +97,85 @@ std::vector<std::string> SceneStage::passStory(const std::string& shader, int wi
     };
 }
 
-std::vector<std::string> SceneStage::backgroundStory(const std::string& shader)
+Story settingBackground(const std::string& shader)
 {
-    return {"vertex shader post", "fragment shader " + shader, "createProgram", "uniform resolution",
-            "uniform time"};
+    return {"shader post.vert", "shader " + shader, "createProgram", "uniform resolution", "uniform time"};
+}
+
+SceneStage::SceneStage()
+{
+    folder.enter();
+    writeNamedAssets(folder);
+    assets = std::make_unique<pack::Packfile>("assets/assets.pack");
+    trackWatch = {};
+    trackWatch.onLookUp = [this](const std::string& track) {
+        renderer.calls.push_back("track " + track);
+    };
+}
+
+SceneStage::~SceneStage()
+{
+    trackWatch = {};
+}
+
+lumeth::Scene& SceneStage::build(const catalogue::Scene& row, const TrackValues& values,
+                                 std::pair<int, int> size)
+{
+    show.reset(); // before the device that it may hold tracks of
+    for (const auto& [track, value] : values) {
+        folder.writeTrack(track.name, {{0, value, 0}});
+    }
+    sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
+    show = makeScene(row, renderer, *assets, *sync, size);
+    return show->scene();
+}
+
+Story SceneStage::story() const
+{
+    const auto last = std::find_if(renderer.calls.begin(), renderer.calls.end(), [](const std::string& call) {
+        return call.find("\"background_color\"") != std::string::npos;
+    });
+    EXPECT_NE(last, renderer.calls.end());
+    Story lines;
+    for (auto call = last + 1; call < renderer.calls.end(); ++call) {
+        if (call->starts_with("createShader")) {
+            const auto source = static_cast<std::size_t>(std::stoi(between(*call, "source ", ")")));
+            lines.push_back("shader " + shaderFile(renderer.sources.at(source - 1)));
+        } else if (call->starts_with("getUniform")) {
+            lines.push_back("uniform " + between(*call, "\"", "\""));
+        } else if (call->starts_with("createIndexedBuffer")) {
+            const RecordingRenderer::Mesh& mesh = madeBy(*call, renderer.meshes);
+            lines.push_back((mesh.normals.empty() ? "" : "model ") + meshName(mesh));
+        } else if (call->starts_with("loadTextureDXT")) {
+            const RecordingRenderer::Texture& texture = madeBy(*call, renderer.textures);
+            lines.push_back(loading(textureName(texture, *assets), texture.width, texture.height));
+        } else if (call->starts_with("createProgram") || call->starts_with("framebuffer")) {
+            lines.push_back(call->substr(0, call->find('(')));
+        } else {
+            lines.push_back(call->substr(0, call->rfind(" = ")));
+        }
+    }
+    return lines;
+}
+
+std::vector<std::string> SceneStage::loadedModels() const
+{
+    std::vector<std::string> names;
+    for (const RecordingRenderer::Mesh& mesh : renderer.meshes) {
+        if (!mesh.normals.empty()) {
+            names.push_back(meshName(mesh));
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> SceneStage::loadedTextures() const
+{
+    std::vector<std::string> names;
+    for (const RecordingRenderer::Texture& texture : renderer.textures) {
+        names.push_back(textureName(texture, *assets));
+    }
+    return names;
 }
 
 zund::DrawCommand SceneStage::drawn(lumeth::Scene& scene, const std::string& object, double time)
@@ -182,34 +190,11 @@ std::vector<zund::DrawCommand> SceneStage::drawsWith(lumeth::Scene& scene, const
     scene.draw(renderer, time);
     std::vector<zund::DrawCommand> draws;
     for (const zund::DrawCommand& command : renderer.frames.back()) {
-        if (!command.clear && shaderName(programOf(command).fragmentSource) == shader) {
+        if (!command.clear && fragmentShaderOf(command) == shader) {
             draws.push_back(command);
         }
     }
     return draws;
-}
-
-std::string SceneStage::modelOf(const zund::DrawCommand& command) const
-{
-    EXPECT_EQ(command.vertexArray.getIndexes(), meshOf(command).indices.size());
-    return modelOfIndices(command.vertexArray.getIndexes());
-}
-
-ExpectedTexture SceneStage::textureOf(const zund::DrawCommand& command, std::size_t unit) const
-{
-    const int handle = command.textures.at(unit).get();
-    for (const RecordingRenderer::Texture& texture : renderer.textures) {
-        if (texture.id != handle) {
-            continue;
-        }
-        for (const char* name : textureNames) {
-            if (assets->getFile(name, true) == texture.data) {
-                return {name, texture.width, texture.height};
-            }
-        }
-        return {"from nowhere in the pack", texture.width, texture.height};
-    }
-    return {};
 }
 
 const RecordingRenderer::Program& SceneStage::programOf(const zund::DrawCommand& command) const
@@ -217,14 +202,9 @@ const RecordingRenderer::Program& SceneStage::programOf(const zund::DrawCommand&
     return renderer.programs.at(command.program.get());
 }
 
-const RecordingRenderer::Mesh& SceneStage::meshOf(const zund::DrawCommand& command) const
+std::string SceneStage::fragmentShaderOf(const zund::DrawCommand& command) const
 {
-    for (const RecordingRenderer::Mesh& mesh : renderer.meshes) {
-        if (mesh.id == command.vertexArray.get()) {
-            return mesh;
-        }
-    }
-    throw std::out_of_range("no such mesh");
+    return shaderFile(programOf(command).fragmentSource);
 }
 
 std::vector<std::string> SceneStage::uniformNames(const zund::DrawCommand& command) const
@@ -236,21 +216,30 @@ std::vector<std::string> SceneStage::uniformNames(const zund::DrawCommand& comma
     return names;
 }
 
+std::vector<lumeth::DisplayListItem*> itemsOf(lumeth::Scene& scene)
+{
+    using Node = tree::Node<lumeth::DisplayListItem>;
+    std::vector<lumeth::DisplayListItem*> items;
+    scene.getGraph().visit([&](Node*, Node* node) { items.push_back(&node->value); });
+    return items;
+}
+
 std::vector<const lumeth::DisplayListItem*> changedBy(const std::function<void()>& change,
                                                       lumeth::Scene& scene)
 {
-    using Node = tree::Node<lumeth::DisplayListItem>;
+    const std::vector<lumeth::DisplayListItem*> items = itemsOf(scene);
     std::vector<lumeth::DisplayListItem> before;
-    scene.getGraph().visit([&](Node*, Node* node) { before.push_back(node->value); });
+    before.reserve(items.size());
+    for (const lumeth::DisplayListItem* const item : items) {
+        before.push_back(*item);
+    }
     change();
     std::vector<const lumeth::DisplayListItem*> changed;
-    std::size_t place = 0;
-    scene.getGraph().visit([&](Node*, Node* node) {
-        const lumeth::DisplayListItem& former = before.at(place++);
-        if (node->value.localMatrix != former.localMatrix || node->value.visible != former.visible) {
-            changed.push_back(&node->value);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (items[i]->localMatrix != before[i].localMatrix || items[i]->visible != before[i].visible) {
+            changed.push_back(items[i]);
         }
-    });
+    }
     return changed;
 }
 
@@ -264,37 +253,6 @@ lumeth::DisplayListItem& itemAt(lumeth::Scene& scene, const std::string& path)
         start = end + 1;
     }
     return node->value;
-}
-
-std::string shaderName(const std::string& text)
-{
-    const std::pair<const char*, std::string> whole[] = {
-        {"material", lumeth::Scene::material_vert},
-        {"material", lumeth::Scene::material_frag},
-        {"letterbox", shader_letterbox},
-        {"gamma", shader_gamma_encode},
-        {"full frame", scroller_vert},
-        {"grey to blue", grey_blue_background_frag},
-        {"warm to teal", warm_teal_background_frag},
-        {"yellow to blue", background_frag},
-    };
-    for (const auto& [name, source] : whole) {
-        if (text == source) {
-            return name;
-        }
-    }
-    // What no other shader of the show has.
-    const std::pair<const char*, const char*> marks[] = {
-        {"post", "out vec2 texcoord"},       {"tv", "time*8831"},
-        {"people text", "0.04, 0.22, 0.22"}, {"burger text", "0.41, 0.04, 0.00"},
-        {"bottle text", "0.57, 0.07, 0.17"}, {"toilet text", "0.58, 0.30, 0.10"},
-    };
-    for (const auto& [name, mark] : marks) {
-        if (text.find(mark) != std::string::npos) {
-            return name;
-        }
-    }
-    return "unknown:\n" + text;
 }
 
 void expectSame(const glm::mat4& actual, const glm::mat4& expected)

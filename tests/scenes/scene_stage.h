@@ -3,8 +3,10 @@
 #include "engine/display_list_item.h"
 #include "engine/scene.h"
 #include "pack/packfile.h"
+#include "scenes/catalogue.h"
 #include "sync/syncdevice.h"
 #include "tests/support/recording_renderer.h"
+#include "tests/support/show_scene.h"
 #include "tests/support/test_assets.h"
 #include "tools/common/quiet_output.h"
 
@@ -14,25 +16,32 @@
 #include <glm/vec3.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-/// Values of tracks that stay the same in all rows, by name; a track that isn't here has no file.
-using TrackValues = std::map<std::string, float>;
+/// Values of tracks that stay the same in all rows; a track that isn't here has no file.
+using TrackValues = std::vector<std::pair<catalogue::Track, float>>;
 
-/// A texture by its file and the size that it is uploaded with. Without a name: none.
-struct ExpectedTexture {
-    std::string name = {};
-    int width = 0;
-    int height = 0;
+/// The camera's six.
+TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target);
 
-    bool operator==(const ExpectedTexture&) const = default;
-};
-void PrintTo(const ExpectedTexture& texture, std::ostream* stream);
+/// What happens while a scene is built, a line each.
+using Story = std::vector<std::string>;
+
+/// Stories one after another.
+Story joined(const std::vector<Story>& parts);
+
+/// The lines of a story that load something of the catalogue, or look it up.
+std::string loading(const catalogue::Model& model);
+std::string loading(const catalogue::Texture& texture);
+std::string lookingUp(const catalogue::Track& track);
+Story lookingUpTheCamera();
+/// What adding a post pass tells the renderer. Shaders go by their files.
+Story addingPass(const std::string& shader, int width, int height);
+/// What setting a background tells the renderer.
+Story settingBackground(const std::string& shader);
 
 /// A quaternion in the order of the tables.
 constexpr glm::quat xyzw(float x, float y, float z, float w)
@@ -49,35 +58,33 @@ constexpr float inDouble(float value, double factor)
     return static_cast<float>(static_cast<double>(value) * factor);
 }
 
-/// Where the scenes of the show are built without a driver, from models and textures that can be told apart.
-///
-/// Each model is a number of boxes of its own, so that what is drawn names its model by its count of indices.
+/// Where the scenes of the show are built without a driver, from assets that can be told apart.
 class SceneStage : public testing::Test {
 protected:
     SceneStage();
     ~SceneStage() override;
 
-    /// Writes tracks, and makes the device that the scene is built with.
-    void openTracks(const TrackValues& values);
+    /// Builds a scene with these tracks, in place of the one before.
+    lumeth::Scene& build(const catalogue::Scene& row, const TrackValues& values = {},
+                         std::pair<int, int> size = {320, 200});
+    void update(double time) { show->update(time); }
 
-    /// All that happened while a scene was built, after what every scene starts with, a line each:
-    /// "model sofa", "texture sofa_diff.dds 2048x2048", "fragment shader gamma", "uniform time",
-    /// "track camera_pos_x", "triangle at z -1", or a call of the renderer without its handles.
-    std::vector<std::string> story() const;
-    /// What adding a post pass tells the renderer.
-    static std::vector<std::string> passStory(const std::string& shader, int width, int height);
-    /// What setting a background tells the renderer.
-    static std::vector<std::string> backgroundStory(const std::string& shader);
+    /// All that happened while the scene was built, after what every scene starts with: what the functions
+    /// above say, "shader tv.frag", "uniform time", "full-frame triangle at z -1", or a call of the renderer
+    /// without its handles.
+    Story story() const;
+
+    /// The models and textures loaded so far, in order.
+    std::vector<std::string> loadedModels() const;
+    std::vector<std::string> loadedTextures() const;
 
     /// The draw of an object where nothing is placed.
     static zund::DrawCommand drawn(lumeth::Scene& scene, const std::string& object, double time = 0.0);
-    /// The draws of a frame that have a fragment shader of that name, see `story`.
+    /// The draws of a frame that have a fragment shader of that file.
     std::vector<zund::DrawCommand> drawsWith(lumeth::Scene& scene, const std::string& shader, double time);
 
-    std::string modelOf(const zund::DrawCommand& command) const;
-    ExpectedTexture textureOf(const zund::DrawCommand& command, std::size_t unit) const;
     const RecordingRenderer::Program& programOf(const zund::DrawCommand& command) const;
-    const RecordingRenderer::Mesh& meshOf(const zund::DrawCommand& command) const;
+    std::string fragmentShaderOf(const zund::DrawCommand& command) const;
     /// The value of a uniform by name; fails and gives zero if there is none or it has another type.
     template<typename Value>
     Value uniform(const zund::DrawCommand& command, const std::string& name) const
@@ -98,7 +105,21 @@ protected:
     RecordingRenderer renderer;
     std::unique_ptr<pack::Packfile> assets;
     std::unique_ptr<tolv::SyncDevice> sync;
+    std::unique_ptr<ShowScene> show;
 };
+
+/// A scene of the show on the stage.
+template<const catalogue::Scene& row>
+class SceneTest : public SceneStage {
+protected:
+    lumeth::Scene& build(const TrackValues& values = {}, std::pair<int, int> size = {320, 200})
+    {
+        return SceneStage::build(row, values, size);
+    }
+};
+
+/// All items, the camera first.
+std::vector<lumeth::DisplayListItem*> itemsOf(lumeth::Scene& scene);
 
 /// The items whose place or visibility is another after `change`.
 std::vector<const lumeth::DisplayListItem*> changedBy(const std::function<void()>& change,
@@ -106,9 +127,6 @@ std::vector<const lumeth::DisplayListItem*> changedBy(const std::function<void()
 
 /// The node at the end of a path.
 lumeth::DisplayListItem& itemAt(lumeth::Scene& scene, const std::string& path);
-
-/// The name of a fragment or vertex shader of the show, by what only its text has.
-std::string shaderName(const std::string& text);
 
 /// Compares element by element; equal to the bit.
 void expectSame(const glm::mat4& actual, const glm::mat4& expected);
@@ -122,19 +140,3 @@ void expectCamera(lumeth::Scene& scene, const glm::vec3& position, const glm::ve
 /// apart and building it anew may cost. The rotation is by `angle` about the unit vector `axis`.
 void expectTurned(const lumeth::DisplayListItem& item, const glm::vec3& position, double angle,
                   const glm::dvec3& axis, double scale);
-
-/// A scene on the stage. `Scene` is a class of the show.
-template<typename Scene>
-class SceneTest : public SceneStage {
-protected:
-    /// Builds the scene with these tracks.
-    lumeth::Scene& build(const TrackValues& values = {}, std::pair<int, int> size = {320, 200})
-    {
-        openTracks(values);
-        show.emplace(renderer, *assets, *sync, size);
-        return show->scene;
-    }
-    void update(double time) { show->update(renderer, time, *sync); }
-
-    std::optional<Scene> show;
-};

@@ -1,11 +1,7 @@
 #include "scenes/backgrounds.h"
-#include "scenes/bottle_scene.h"
-#include "scenes/burger_scene.h"
 #include "scenes/full_frame.h"
-#include "scenes/people_scene.h"
-#include "scenes/room_scene.h"
-#include "scenes/toilet_scene.h"
 #include "tests/scenes/scene_stage.h"
+#include "tests/support/shader_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +13,8 @@ using testing::Not;
 using testing::StartsWith;
 
 namespace {
+
+namespace scenes = catalogue::scenes;
 
 /// The lines of a text without what stands before them, comments and empty lines.
 std::vector<std::string> statements(const std::string& text)
@@ -35,18 +33,15 @@ std::vector<std::string> statements(const std::string& text)
 class SceneShader : public SceneStage {
 protected:
     /// Vertex and fragment shader of an object.
-    template<typename Scene>
-    RecordingRenderer::Program programIn(const std::string& object)
+    RecordingRenderer::Program programIn(const catalogue::Scene& row, const std::string& object)
     {
-        openTracks({});
-        Scene show(renderer, *assets, *sync, {320, 200});
-        return programOf(drawn(show.scene, object));
+        return programOf(drawn(build(row), object));
     }
 };
 
 TEST_F(SceneShader, OfTheTvIsTheStockOneWithAUniformAndATear)
 {
-    const RecordingRenderer::Program tv = programIn<RoomScene>("tv");
+    const RecordingRenderer::Program tv = programIn(scenes::room, "tv");
     EXPECT_STREQ(tv.vertexSource.c_str(), lumeth::Scene::material_vert);
 
     std::string text = tv.fragmentSource;
@@ -80,10 +75,10 @@ TEST_F(SceneShader, OfTheTvIsTheStockOneWithAUniformAndATear)
 
 TEST_F(SceneShader, OfTheVertexIsOneForAllTextLayersAndTheCredits)
 {
-    EXPECT_STREQ(programIn<PeopleScene>("scroller").vertexSource.c_str(), scroller_vert);
-    EXPECT_STREQ(programIn<BurgerScene>("scroller").vertexSource.c_str(), scroller_vert);
-    EXPECT_STREQ(programIn<BottleScene>("scroller").vertexSource.c_str(), scroller_vert);
-    EXPECT_STREQ(programIn<ToiletScene>("scroller").vertexSource.c_str(), scroller_vert);
+    EXPECT_STREQ(programIn(scenes::people, "scroller").vertexSource.c_str(), scroller_vert);
+    EXPECT_STREQ(programIn(scenes::burger, "scroller").vertexSource.c_str(), scroller_vert);
+    EXPECT_STREQ(programIn(scenes::bottle, "scroller").vertexSource.c_str(), scroller_vert);
+    EXPECT_STREQ(programIn(scenes::toilet, "scroller").vertexSource.c_str(), scroller_vert);
     EXPECT_STREQ(credits_vert, scroller_vert);
     EXPECT_THAT(statements(scroller_vert),
                 ElementsAre("#version 330", "layout(location = 0) in vec3 in_position;",
@@ -93,28 +88,25 @@ TEST_F(SceneShader, OfTheVertexIsOneForAllTextLayersAndTheCredits)
 
 TEST_F(SceneShader, OfABackgroundIsSharedByBurgerAndToiletAlone)
 {
-    openTracks({});
-    const BurgerScene burger(renderer, *assets, *sync, {320, 200});
-    const ToiletScene toilet(renderer, *assets, *sync, {320, 200});
-    const PeopleScene people(renderer, *assets, *sync, {320, 200});
-    const BottleScene bottle(renderer, *assets, *sync, {320, 200});
-    std::vector<std::string> backgrounds;
-    for (const auto& [handle, program] : renderer.programs) {
-        const std::string name = shaderName(program.fragmentSource);
-        if (name == "grey to blue" || name == "warm to teal" || name == "yellow to blue") {
-            backgrounds.push_back(name);
-        }
-    }
-    EXPECT_THAT(backgrounds, ElementsAre("grey to blue", "grey to blue", "warm to teal", "yellow to blue"));
+    const auto backgroundIn = [this](const catalogue::Scene& row) {
+        build(row).draw(renderer, 0.0);
+        return fragmentShaderOf(renderer.frames.back().at(2)); // after the clears of two passes
+    };
+    const std::string shared = backgroundIn(scenes::burger);
+    EXPECT_EQ(backgroundIn(scenes::toilet), shared);
+    EXPECT_NE(backgroundIn(scenes::people), shared);
+    EXPECT_NE(backgroundIn(scenes::bottle), shared);
+    EXPECT_NE(backgroundIn(scenes::people), backgroundIn(scenes::bottle));
 }
 
 TEST_F(SceneShader, OfATextLayerDeclaresTimeAndAResolutionThatNothingReads)
 {
-    const std::string sources[] = {
-        programIn<PeopleScene>("scroller").fragmentSource, programIn<BurgerScene>("scroller").fragmentSource,
-        programIn<BottleScene>("scroller").fragmentSource, programIn<ToiletScene>("scroller").fragmentSource};
+    const std::string sources[] = {programIn(scenes::people, "scroller").fragmentSource,
+                                   programIn(scenes::burger, "scroller").fragmentSource,
+                                   programIn(scenes::bottle, "scroller").fragmentSource,
+                                   programIn(scenes::toilet, "scroller").fragmentSource};
     for (const std::string& source : sources) {
-        SCOPED_TRACE(shaderName(source));
+        SCOPED_TRACE(shaderFile(source));
         EXPECT_THAT(source, StartsWith("#version 450\n"));
         EXPECT_THAT(source, HasSubstr("uniform float time;\n"));
         EXPECT_THAT(source, HasSubstr("uniform vec2 resolution;\n"));

@@ -1,7 +1,4 @@
-#include "scenes/toilet_scene.h"
-
 #include "tests/scenes/scene_stage.h"
-#include "tests/scenes/track_watch.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -13,7 +10,9 @@ using testing::IsSubsetOf;
 
 namespace {
 
-using ToiletSceneTest = SceneTest<ToiletScene>;
+using namespace catalogue;
+
+using ToiletSceneTest = SceneTest<scenes::toilet>;
 
 // clang-format off
 struct Moment {
@@ -34,7 +33,9 @@ const Moment moments[] = {
 
 TrackValues tracksOf(const Moment& moment)
 {
-    return {{"burger_rotate", moment.rotate}, {"lid_rotate", moment.lid}, {"camera_pos_z", 2.0F}};
+    return {{tracks::burger_rotate, moment.rotate},
+            {tracks::lid_rotate, moment.lid},
+            {tracks::camera_pos_z, 2.0F}};
 }
 
 TEST_F(ToiletSceneTest, SendsItsTextTwoSamplersAndTheTime)
@@ -50,7 +51,7 @@ TEST_F(ToiletSceneTest, SendsItsTextTwoSamplersAndTheTime)
 TEST_F(ToiletSceneTest, HidesItsSkyBehindTheGradient)
 {
     lumeth::Scene& scene = build();
-    ASSERT_EQ(drawsWith(scene, "grey to blue", 9.25).size(), 1U);
+    ASSERT_EQ(drawsWith(scene, "grey_blue_background.frag", 9.25).size(), 1U);
     const zund::DrawCommand sky = scene.drawSkybox();
     EXPECT_EQ(uniform<glm::vec3>(sky, "background_color"), glm::vec3(0.3F, 0.3F, 0.4F));
     for (const zund::DrawCommand& command : renderer.frames.back()) {
@@ -61,34 +62,21 @@ TEST_F(ToiletSceneTest, HidesItsSkyBehindTheGradient)
 TEST_F(ToiletSceneTest, BuildsEverythingInOrderAndTheTextAfterTheTracks)
 {
     build({}, {320, 200});
-    std::vector<std::string> expected = passStory("letterbox", 320, 200);
-    for (const std::vector<std::string>& part :
-         {passStory("gamma", 320, 200), backgroundStory("grey to blue"),
-          std::vector<std::string>{
-              "model toilet",
-              "model toilet_lid",
-              "track camera_pos_x",
-              "track camera_pos_y",
-              "track camera_pos_z",
-              "track camera_tgt_x",
-              "track camera_tgt_y",
-              "track camera_tgt_z",
-              "track burger_rotate",
-              "track lid_rotate",
-              "triangle at z -1",
-              "texture queue_main.dds 3840x2160",
-              "texture queue_border.dds 3840x2160",
-              "vertex shader full frame",
-              "fragment shader toilet text",
-              "createProgram",
-              "uniform tex_color",
-              "uniform tex_normal",
-              "uniform time",
-          }})
-    {
-        expected.insert(expected.end(), part.begin(), part.end());
-    }
-    EXPECT_THAT(story(), ElementsAreArray(expected));
+    const Story own = {
+        loading(models::toilet),
+        loading(models::toilet_lid),
+    };
+    EXPECT_THAT(story(),
+                ElementsAreArray(
+                    joined({addingPass("post_letterbox.frag", 320, 200),
+                            addingPass("post_gamma_encode.frag", 320, 200),
+                            settingBackground("grey_blue_background.frag"),
+                            own,
+                            lookingUpTheCamera(),
+                            {lookingUp(tracks::burger_rotate), lookingUp(tracks::lid_rotate),
+                             "full-frame triangle at z -1", loading(textures::queue_main),
+                             loading(textures::queue_border), "shader scroller.vert", "shader toilet.frag",
+                             "createProgram", "uniform tex_color", "uniform tex_normal", "uniform time"}})));
 }
 
 class ToiletMoment : public ToiletSceneTest, public testing::WithParamInterface<Moment> {};
@@ -145,7 +133,7 @@ TEST(ToiletMoments, TellDoublesFromFloats)
 
 TEST_F(ToiletSceneTest, StandsUnturnedWithItsTracksAtZero)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}});
     update(0.0);
     expectTurned(itemAt(scene, "toilet"), {0.0F, 0.0F, 0.0F}, 0.0, {0.0, 1.0, 0.0}, 1.0);
     expectTurned(itemAt(scene, "toilet/bowl/lid"), {0.0F, 0.1F, -1.7F}, 0.0, {1.0, 0.0, 0.0}, 1.0);
@@ -153,7 +141,7 @@ TEST_F(ToiletSceneTest, StandsUnturnedWithItsTracksAtZero)
 
 TEST_F(ToiletSceneTest, EndsAFullTurnALittleShort)
 {
-    lumeth::Scene& scene = build({{"camera_pos_z", 2.0F}, {"burger_rotate", 1.0F}});
+    lumeth::Scene& scene = build({{tracks::camera_pos_z, 2.0F}, {tracks::burger_rotate, 1.0F}});
     update(0.0);
     // 2 pi - 6.28 is 0.0031853: that much is missing of a turn in the negative sense.
     EXPECT_NEAR(itemAt(scene, "toilet").localMatrix[0][2], -0.0031853F, 1e-6F);
@@ -161,12 +149,7 @@ TEST_F(ToiletSceneTest, EndsAFullTurnALittleShort)
 
 TEST_F(ToiletSceneTest, PlacesTheCameraAsTheTracksSay)
 {
-    lumeth::Scene& scene = build({{"camera_pos_x", 0.3F},
-                                  {"camera_pos_y", 0.4F},
-                                  {"camera_pos_z", -1.7F},
-                                  {"camera_tgt_x", -0.05F},
-                                  {"camera_tgt_y", 0.1F},
-                                  {"camera_tgt_z", 1.0F}});
+    lumeth::Scene& scene = build(cameraAt({0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F}));
     update(3.75);
     expectCamera(scene, {0.3F, 0.4F, -1.7F}, {-0.05F, 0.1F, 1.0F});
 }
