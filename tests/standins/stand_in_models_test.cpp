@@ -1,4 +1,5 @@
 #include "engine/model_loader.h"
+#include "scenes/catalogue.h"
 #include "tests/standins/model_boxes.h"
 #include "tests/standins/stand_ins.h"
 #include "tests/support/in_temporary_folder.h"
@@ -17,6 +18,8 @@ using standins::ModelBoxes;
 using testing::ThrowsMessage;
 
 namespace {
+
+namespace models = catalogue::models;
 
 glm::vec3 vectorAt(const std::vector<float>& floats, std::size_t vertex)
 {
@@ -119,9 +122,9 @@ std::vector<const ModelBoxes*> allModels()
 INSTANTIATE_TEST_SUITE_P(All, StandInModel, testing::ValuesIn(allModels()),
                          [](const auto& row) { return std::string(row.param->name); });
 
-Box boundsOf(std::string_view model)
+Box boundsOf(const catalogue::Model& model)
 {
-    return around(standins::findModel(model)->boxes);
+    return around(standins::findModel(model.name)->boxes);
 }
 
 TEST(StandInModels, AreThoseOfTheShowEachOnce)
@@ -130,30 +133,31 @@ TEST(StandInModels, AreThoseOfTheShowEachOnce)
     for (const ModelBoxes& model : standins::standInModels()) {
         names.insert(model.name);
     }
-    EXPECT_EQ(names.size(), 21U);
-    EXPECT_EQ(standins::standInModels().size(), 21U);
+    EXPECT_EQ(names.size(), std::size(catalogue::allModels));
+    EXPECT_EQ(standins::standInModels().size(), names.size());
 }
 
 TEST(StandInModels, StandOnEachOther)
 {
-    EXPECT_EQ(boundsOf("sofa_legs").high.y, boundsOf("sofa").low.y);
-    EXPECT_EQ(boundsOf("sofa_legs").low.y, -0.2F); // the floor, below the sofa's origin
-    EXPECT_NEAR(boundsOf("tvtable").high.y, 4.44F + boundsOf("tv").low.y, 1e-5F);
-    EXPECT_EQ(boundsOf("coffeetable").high.y, 0.8F); // where bottles stand
-    EXPECT_EQ(boundsOf("burgerbox_top").low.y, boundsOf("burgerbox_bottom").high.y);
+    EXPECT_EQ(boundsOf(models::sofa_legs).high.y, boundsOf(models::sofa).low.y);
+    EXPECT_EQ(boundsOf(models::sofa_legs).low.y, -0.2F); // the floor, below the sofa's origin
+    EXPECT_NEAR(boundsOf(models::tvtable).high.y, 4.44F + boundsOf(models::tv).low.y, 1e-5F);
+    EXPECT_EQ(boundsOf(models::coffeetable).high.y, 0.8F); // where bottles stand
+    EXPECT_EQ(boundsOf(models::burgerbox_top).low.y, boundsOf(models::burgerbox_bottom).high.y);
 }
 
 TEST(StandInModels, StackUpToABurgerInItsBox)
 {
-    const char* const layers[] = {"burger_bottom", "burger_steak", "burger_cheese", "burger_middle"};
+    const catalogue::Model* const layers[] = {&models::burger_bottom, &models::burger_steak,
+                                              &models::burger_cheese, &models::burger_middle};
     for (std::size_t i = 1; i < std::size(layers); ++i) {
-        EXPECT_EQ(boundsOf(layers[i]).low.y, boundsOf(layers[i - 1]).high.y) << layers[i];
+        EXPECT_EQ(boundsOf(*layers[i]).low.y, boundsOf(*layers[i - 1]).high.y) << layers[i]->name;
     }
     const float step = 0.5F; // from the first steak and cheese to the second
-    EXPECT_EQ(boundsOf("burger_steak").low.y + step, boundsOf("burger_middle").high.y);
-    EXPECT_NEAR(boundsOf("burger_cheese").high.y + step, boundsOf("burger_top").low.y, 1e-5F);
-    EXPECT_GT(boundsOf("burger_bottom").low.y, boundsOf("burgerbox_bottom").low.y);
-    EXPECT_LT(boundsOf("burger_top").high.y, boundsOf("burgerbox_top").high.y);
+    EXPECT_EQ(boundsOf(models::burger_steak).low.y + step, boundsOf(models::burger_middle).high.y);
+    EXPECT_NEAR(boundsOf(models::burger_cheese).high.y + step, boundsOf(models::burger_top).low.y, 1e-5F);
+    EXPECT_GT(boundsOf(models::burger_bottom).low.y, boundsOf(models::burgerbox_bottom).low.y);
+    EXPECT_LT(boundsOf(models::burger_top).high.y, boundsOf(models::burgerbox_top).high.y);
 }
 
 TEST(StandInModels, AreRefusedUnderAnyOtherName)

@@ -11,9 +11,10 @@
 
 #include <array>
 #include <gmock/gmock.h>
-#include <map>
+#include <utility>
 
 using catalogue::Texture;
+using catalogue::TextureKind;
 using testing::ThrowsMessage;
 using tools::packer::Dxt1Block;
 
@@ -73,54 +74,86 @@ TEST_P(StandInTexture, IsADdsFileOfTheSizeThatItsSceneUploads)
     EXPECT_EQ(tools::packer::checkDds(file, "file"), tools::packer::sizeOf(GetParam()));
 }
 
-/// Textures with holes, and how much of them is hole.
-const std::map<std::string_view, std::pair<double, double>> blackShares = {
-    {"tv_emit", {0.9, 0.95}},      {"bigplant", {0.45, 0.55}}, {"unlimited", {0.8, 0.9}},
-    {"pants", {0.7, 0.9}},         {"burgertext", {0.7, 0.9}}, {"queue_main", {0.6, 0.8}},
-    {"queue_border", {0.9, 0.99}}, {"title", {0.7, 0.9}},
-};
+/// How much of a texture is hole, by its kind.
+std::pair<double, double> blackShareOf(TextureKind kind)
+{
+    switch (kind) {
+    case TextureKind::Emission:
+        return {0.9, 0.95};
+    case TextureKind::Cutout:
+        return {0.45, 0.55};
+    case TextureKind::Lettering:
+    case TextureKind::Picture:
+        return {0.7, 0.85};
+    default:
+        return {0.0, 0.0};
+    }
+}
 
 TEST_P(StandInTexture, IsPureBlackWhereItsSceneShallShowThrough)
 {
     const double share = Blocks(GetParam()).blackShare();
-    const auto found = blackShares.find(GetParam().name);
-    const auto [low, high] = found == blackShares.end() ? std::pair(0.0, 0.0) : found->second;
+    const auto [low, high] = blackShareOf(GetParam().kind);
     EXPECT_GE(share, low);
     EXPECT_LE(share, high);
+}
+
+TEST_P(StandInTexture, IsAlmostBlackInPlacesWhereBlackIsAHole)
+{
+    const Blocks blocks(GetParam());
+    bool almost = false;
+    for (std::size_t row = 0; row < blocks.rows; row += 4) {
+        for (std::size_t column = 0; column < blocks.columns; column += 4) {
+            almost = almost || blocks.colorAt(column, row) == TexelColor{0, 4, 0};
+        }
+    }
+    const TextureKind kind = GetParam().kind;
+    EXPECT_EQ(almost, kind == TextureKind::Lettering || kind == TextureKind::Cutout);
+}
+
+TEST_P(StandInTexture, IsNotItsOwnMirrorImageUnlessItIsPlain)
+{
+    const Blocks blocks(GetParam());
+    bool upsideDown = true;
+    bool fromBehind = true;
+    for (std::size_t row = 0; row < blocks.rows; row += 4) {
+        for (std::size_t column = 0; column < blocks.columns; column += 4) {
+            const TexelColor here = blocks.colorAt(column, row);
+            upsideDown = upsideDown && here == blocks.colorAt(column, blocks.rows - 1 - row);
+            fromBehind = fromBehind && here == blocks.colorAt(blocks.columns - 1 - column, row);
+        }
+    }
+    const bool plain = GetParam().kind == TextureKind::Normal;
+    EXPECT_EQ(upsideDown, plain);
+    EXPECT_EQ(fromBehind, plain);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, StandInTexture, testing::ValuesIn(catalogue::allTextures),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(StandInTextures, KeepFullPicturesBlackAtTheirBorders)
+TEST(StandInTextures, AreBlackAtTheirBordersWhereTheyAreType)
 {
-    for (const char* const name : {"pants", "burgertext", "queue_main", "queue_border", "title"}) {
-        const Blocks blocks(*catalogue::find(catalogue::allTextures, name));
-        for (std::size_t i = 0; i < blocks.columns; ++i) {
-            ASSERT_EQ(blocks.colorAt(i, 0), pureBlack) << name;
-            ASSERT_EQ(blocks.colorAt(i, blocks.rows - 1), pureBlack) << name;
+    for (const Texture& texture : catalogue::allTextures) {
+        if (texture.kind == TextureKind::Lettering) {
+            const Blocks blocks(texture);
+            for (std::size_t i = 0; i < blocks.columns; ++i) {
+                ASSERT_EQ(blocks.colorAt(i, 0), pureBlack) << texture.name;
+                ASSERT_EQ(blocks.colorAt(i, blocks.rows - 1), pureBlack) << texture.name;
+            }
+            for (std::size_t i = 0; i < blocks.rows; ++i) {
+                ASSERT_EQ(blocks.colorAt(0, i), pureBlack) << texture.name;
+                ASSERT_EQ(blocks.colorAt(blocks.columns - 1, i), pureBlack) << texture.name;
+            }
         }
-    }
-}
-
-TEST(StandInTextures, MeetThemselvesWhereTheBandComesRound)
-{
-    const Blocks blocks(catalogue::textures::unlimited);
-    for (std::size_t row = 0; row < blocks.rows; ++row) {
-        ASSERT_EQ(blocks.colorAt(0, row), pureBlack);
-        ASSERT_EQ(blocks.colorAt(blocks.columns - 1, row), pureBlack);
-    }
-    for (std::size_t column = 0; column < blocks.columns; ++column) { // it lies across the upper edge
-        ASSERT_EQ(blocks.colorAt(column, 0), blocks.colorAt(column, blocks.rows - 1));
     }
 }
 
 TEST(StandInTextures, HaveFlatNormalMaps)
 {
-    for (const char* const name : {"sofa_norm", "coffeetable_norm", "plywood_norm"}) {
-        EXPECT_EQ(Blocks(*catalogue::find(catalogue::allTextures, name)).colorAt(7, 9),
-                  (TexelColor{132, 130, 255}))
-            << name;
+    for (const catalogue::Texture& texture : catalogue::allTextures) {
+        if (texture.kind == TextureKind::Normal) {
+            EXPECT_EQ(Blocks(texture).colorAt(7, 9), (TexelColor{132, 130, 255})) << texture.name;
+        }
     }
 }
 
@@ -135,14 +168,14 @@ class StandInAssets : public InTemporaryFolder {};
 TEST_F(StandInAssets, FillAFolderWithAllModelsAndAPackOfAllTextures)
 {
     standins::writeStandInAssets("new/assets");
-    EXPECT_EQ(namesIn("new/assets").size(), 22U);
-    EXPECT_EQ(read("new/assets/sofa_legs.glb"), standins::modelFile("sofa_legs"));
+    EXPECT_EQ(namesIn("new/assets").size(), std::size(catalogue::allModels) + 1);
+    EXPECT_EQ(read("new/assets/hat.glb"), standins::modelFile(catalogue::models::hat.name));
     const std::string pack = read("new/assets/assets.pack");
     const std::vector<tools::packer::PackEntry> entries = tools::packer::readPackTable(pack, "assets.pack");
-    ASSERT_EQ(entries.size(), 17U);
-    EXPECT_EQ(entries.front().name, "room_diff.dds");
+    ASSERT_EQ(entries.size(), std::size(catalogue::allTextures));
+    EXPECT_EQ(entries.front().name, catalogue::allTextures[0].file);
     EXPECT_EQ(tools::packer::packFileOf(pack, entries.back(), entries.size()),
-              standins::textureFile("title"));
+              standins::textureFile(std::rbegin(catalogue::allTextures)->name));
 }
 
 TEST_F(StandInAssets, NameTheFolderThatCannotBeMade)

@@ -86,14 +86,14 @@ std::string modelFile(std::string_view name)
 std::string textureFile(std::string_view name)
 {
     const catalogue::Texture* const row = catalogue::find(catalogue::allTextures, name);
-    const TextureBars* const texture = findTextureBars(name);
-    if (row == nullptr || texture == nullptr) {
+    if (row == nullptr) {
         failUnknown(name, "texture");
     }
+    const TextureBars texture = barsOf(row->kind);
     const tools::picture::Size size = tools::packer::sizeOf(*row);
     std::vector<std::string> rows;
     for (std::uint32_t y = 0; y < barUnits; ++y) {
-        rows.push_back(blockRow(*texture, size.width, y));
+        rows.push_back(blockRow(texture, size.width, y));
     }
     std::string bytes = tools::packer::makeDdsHeader(size);
     const std::uint32_t blocks = size.height / 4;
@@ -111,8 +111,8 @@ void writeStandInAssets(const std::filesystem::path& folder)
         writeFile(folder / (std::string(model.name) + ".glb"), modelFile(model.name));
     }
     std::vector<tools::packer::PackInput> textures;
-    for (const TextureBars& texture : standInTextures()) {
-        textures.push_back({std::string(texture.name) + ".dds", textureFile(texture.name)});
+    for (const catalogue::Texture& texture : catalogue::allTextures) {
+        textures.push_back({texture.file, textureFile(texture.name)});
     }
     writeFile(folder / "assets.pack", tools::packer::encodePack(textures));
 }

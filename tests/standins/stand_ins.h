@@ -10,8 +10,8 @@ namespace standins {
 /// Throws `Error` "NAME: the show has no such model".
 std::string modelFile(std::string_view name);
 
-/// The bytes of a texture's DDS file, bars of the colours and the pure black that the texture will have, in
-/// the size that its scene uploads. Throws `Error` "NAME: the show has no such texture".
+/// The bytes of a texture's DDS file, bars on the ground that textures of its kind have, in the size that its
+/// scene uploads. Throws `Error` "NAME: the show has no such texture".
 std::string textureFile(std::string_view name);
 
 /// Fills a folder, which is made if need be, with all models and with a pack of all textures: NAME.glb and

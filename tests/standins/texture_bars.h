@@ -1,8 +1,9 @@
 #pragma once
 
+#include "scenes/catalogue.h"
+
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 namespace standins {
 
@@ -23,17 +24,14 @@ struct Bar {
     Color color;
 };
 
-/// A texture of the show, roughly: NAME.dds.
+/// A texture of the show, roughly.
 struct TextureBars {
-    std::string_view name;
     Color ground;
     std::span<const Bar> bars; ///< a later one lies over an earlier one
 };
 
-/// A row for each texture that the show has.
-std::span<const TextureBars> standInTextures();
-
-/// The row of `name`, null if the show has no such texture.
-const TextureBars* findTextureBars(std::string_view name);
+/// What all textures of a kind show. Each has greys, and on pure black what is all but black; none is the
+/// same upside down or from behind.
+TextureBars barsOf(catalogue::TextureKind kind);
 
 } // namespace standins
