@@ -33,14 +33,6 @@ std::string loading(const std::string& texture, int width, int height)
 
 } // namespace
 
-TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target)
-{
-    namespace tracks = catalogue::tracks;
-    return {{tracks::camera_pos_x, position.x}, {tracks::camera_pos_y, position.y},
-            {tracks::camera_pos_z, position.z}, {tracks::camera_tgt_x, target.x},
-            {tracks::camera_tgt_y, target.y},   {tracks::camera_tgt_z, target.z}};
-}
-
 Story joined(const std::vector<Story>& parts)
 {
     Story whole;
@@ -122,9 +114,7 @@ lumeth::Scene& SceneStage::build(const catalogue::Scene& row, const TrackValues&
                                  std::pair<int, int> size)
 {
     show.reset(); // before the device that it may hold tracks of
-    for (const auto& [track, value] : values) {
-        folder.writeTrack(track.name, {{0, value, 0}});
-    }
+    writeTracks(folder, values);
     sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
     show = makeScene(row, renderer, *assets, *sync, size);
     return show->scene();

@@ -21,12 +21,6 @@
 #include <utility>
 #include <vector>
 
-/// Values of tracks that stay the same in all rows; a track that isn't here has no file.
-using TrackValues = std::vector<std::pair<catalogue::Track, float>>;
-
-/// The camera's six.
-TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target);
-
 /// What happens while a scene is built, a line each.
 using Story = std::vector<std::string>;
 

@@ -1,15 +1,8 @@
 // The scenes as pictures of the real driver, from boxes and bars in place of models and textures.
 
-#include "scenes/bottle_scene.h"
-#include "scenes/burger_scene.h"
-#include "scenes/credits_scene.h"
-#include "scenes/people_scene.h"
-#include "scenes/room_scene.h"
-#include "scenes/toilet_scene.h"
 #include "tests/gl/offscreen_renderer.h"
-#include "tests/standins/model_boxes.h"
 #include "tests/standins/stand_ins.h"
-#include "tests/support/test_assets.h"
+#include "tests/support/show_scene.h"
 #include "tools/common/quiet_output.h"
 
 #include <GL/glew.h>
@@ -17,18 +10,20 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <functional>
+#include <filesystem>
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace {
+
+namespace scenes = catalogue::scenes;
+namespace textures = catalogue::textures;
+namespace tracks = catalogue::tracks;
 
 using Bytes = std::array<std::uint8_t, 3>; ///< red, green, blue
 constexpr Bytes black = {0, 0, 0};
@@ -46,73 +41,60 @@ struct Frame {
     }
 };
 
-/// A show's scene, whichever it is.
-struct Show {
-    std::function<lumeth::Scene&()> scene;
-    std::function<void(double time)> update;
-};
-
-/// Values of tracks in all rows.
-using TrackValues = std::map<std::string, float>;
-
 class ScenePicture : public OffscreenRenderer {
 protected:
     explicit ScenePicture(int width = 480, int height = 270) : OffscreenRenderer(width, height)
     {
         folder.enter();
-        for (const standins::ModelBoxes& model : standins::standInModels()) {
-            folder.write(std::string(model.name) + ".glb", standins::modelFile(model.name));
+        for (const auto& entry : std::filesystem::directory_iterator(STAND_INS)) {
+            std::filesystem::create_symlink(entry.path(), "assets" / entry.path().filename());
         }
-    }
-    void open(const std::vector<std::string>& textures, const TrackValues& values)
-    {
-        std::vector<std::pair<std::string, std::string>> files;
-        files.reserve(textures.size());
-        for (const std::string& name : textures) {
-            files.emplace_back(name + ".dds", standins::textureFile(name));
-        }
-        openPack(files, values);
-    }
-    void openPack(const std::vector<std::pair<std::string, std::string>>& files, const TrackValues& values)
-    {
-        folder.writePack(files);
-        pack = std::make_unique<pack::Packfile>("assets/assets.pack");
-        for (const auto& [name, value] : values) {
-            folder.writeTrack(name, {{0, value, 0}});
-        }
-        sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
     }
 
-    template<typename Scene>
-    Show make()
+    void open(const catalogue::Scene& row, const TrackValues& values,
+              const std::string& packFile = "assets.pack")
     {
-        auto scene = std::make_shared<Scene>(renderer, *pack, *sync, std::pair(width, height));
-        return {[scene]() -> lumeth::Scene& { return scene->scene; },
-                [this, scene](double time) {
-                    scene->update(renderer, time, *sync);
-                }};
+        pack = std::make_unique<pack::Packfile>("assets/" + packFile);
+        writeTracks(folder, values);
+        sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
+        show = makeScene(row, renderer, *pack, *sync, {width, height});
+    }
+
+    /// The same with a pack in which one texture is another file.
+    void openWith(const catalogue::Texture& changed, const std::string& file, const catalogue::Scene& row,
+                  const TrackValues& values)
+    {
+        std::vector<std::pair<std::string, std::string>> files;
+        for (const catalogue::Texture& texture : catalogue::allTextures) {
+            files.emplace_back(texture.file,
+                               texture.name == changed.name ? file : standins::textureFile(texture.name));
+        }
+        folder.write("other.pack", packBytes(files));
+        open(row, values, "other.pack");
     }
 
     /// One frame of the show.
-    Frame draw(const Show& show, double time)
+    Frame draw(double time)
     {
         renderer.clear(0.0F, 0.0F, 0.0F);
-        show.update(time);
-        return drawAsItIs(show, time);
+        show->update(time);
+        return drawAsItIs(time);
     }
-    Frame drawAsItIs(const Show& show, double time)
+    Frame drawAsItIs(double time)
     {
-        show.scene().draw(renderer, time);
+        show->scene().draw(renderer, time);
         Frame frame{width, height, std::vector<Bytes>(static_cast<std::size_t>(width * height))};
         glPixelStorei(GL_PACK_ALIGNMENT, 1);
         glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, frame.pixels.data());
         return frame;
     }
+    void showText(bool visible) { show->scene().getGraph().getNode("scroller")->value.setVisible(visible); }
 
     tools::QuietOutput quiet; ///< loader and device have much to say
     ShowFolder folder;
     std::unique_ptr<pack::Packfile> pack;
     std::unique_ptr<tolv::SyncDevice> sync;
+    std::unique_ptr<ShowScene> show;
 };
 
 /// Whether no channel is off by more than `steps` of 8 bits.
@@ -139,90 +121,108 @@ void expectBars(const Frame& frame, int first, int end)
     }
 }
 
-TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target)
-{
-    return {{"camera_pos_x", position.x}, {"camera_pos_y", position.y}, {"camera_pos_z", position.z},
-            {"camera_tgt_x", target.x},   {"camera_tgt_y", target.y},   {"camera_tgt_z", target.z}};
-}
+/// A scene from where it shows something.
+struct View {
+    const catalogue::Scene* scene;
+    TrackValues values;
+};
 
-TrackValues operator+(TrackValues some, const TrackValues& others)
-{
-    some.insert(others.begin(), others.end());
-    return some;
-}
-
-const std::vector<std::string> roomTextures = {
-    "room_diff", "sofa_diff", "sofa_norm",    "coffeetable_diff", "coffeetable_norm", "pisswasser",
-    "tv_emit",   "bigplant",  "plywood_diff", "plywood_norm",     "burgerbox_top"};
-const std::vector<std::string> peopleTextures = {"sofa_diff", "sofa_norm", "pants"};
-const std::vector<std::string> burgerTextures = {"burgerbox_top", "burgertext"};
-const std::vector<std::string> bottleTextures = {"pisswasser", "unlimited"};
-const std::vector<std::string> toiletTextures = {"queue_main", "queue_border"};
-
-const TrackValues inTheRoom = cameraAt({0.0F, 0.45F, 1.2F}, {0.0F, 0.0F, -0.5F});
+const View inTheRoom = {&scenes::room, cameraAt({0.0F, 0.45F, 1.2F}, {0.0F, 0.0F, -0.5F})};
+const View atThePeople = {&scenes::people, cameraAt({0.5F, 0.3F, 3.0F}, {0.0F, 0.0F, 0.0F})};
+const View atTheBurger = {&scenes::burger, cameraAt({0.1F, 0.15F, 0.2F}, {0.0F, 0.0F, 1.0F})};
+const View atTheBottles = {&scenes::bottle, cameraAt({0.0F, 0.2F, 0.6F}, {0.0F, 0.0F, 2.0F})};
+const View atTheToilet = {&scenes::toilet, cameraAt({0.0F, 0.4F, 1.2F}, {0.0F, 0.2F, 0.0F})};
 const TrackValues atTheTv = cameraAt({0.0F, 0.2F, 0.9F}, {0.0F, 0.144F, 1.8F});
-const TrackValues atThePeople = cameraAt({0.5F, 0.3F, 3.0F}, {0.0F, 0.0F, 0.0F}); // angle, height, radius
-const TrackValues atTheBurger = cameraAt({0.1F, 0.15F, 0.2F}, {0.0F, 0.0F, 1.0F});
-const TrackValues atTheBottles = cameraAt({0.0F, 0.2F, 0.6F}, {0.0F, 0.0F, 2.0F});
-const TrackValues atTheToilet = cameraAt({0.0F, 0.4F, 1.2F}, {0.0F, 0.2F, 0.0F});
+
+TrackValues with(TrackValues values, const catalogue::Track& track, float value)
+{
+    values.emplace_back(track, value);
+    return values;
+}
 
 // 270 - 480 * 27 / 64 is 67.5: the middle of row 33 lies in the lower bar of 33.75, that of row 236 in the
 // upper one.
 constexpr int firstRow = 34;
 constexpr int endRow = 236;
 
-TEST_F(ScenePicture, OfTheRoomStandsBetweenBlackBars)
-{
-    open(roomTextures, inTheRoom);
-    expectBars(draw(make<RoomScene>(), 1.5), firstRow, endRow);
-}
+class FilmedPicture : public ScenePicture, public testing::WithParamInterface<View> {};
 
-TEST_F(ScenePicture, OfThePeopleStandsBetweenBlackBars)
+TEST_P(FilmedPicture, StandsBetweenBlackBars)
 {
-    open(peopleTextures, atThePeople);
-    expectBars(draw(make<PeopleScene>(), 1.5), firstRow, endRow);
+    open(*GetParam().scene, GetParam().values);
+    expectBars(draw(1.5), firstRow, endRow);
 }
+INSTANTIATE_TEST_SUITE_P(Of, FilmedPicture,
+                         testing::Values(inTheRoom, atThePeople, atTheBurger, atTheBottles, atTheToilet),
+                         [](const auto& row) { return row.param.scene->name; });
 
-TEST_F(ScenePicture, OfTheBurgerStandsBetweenBlackBars)
-{
-    open(burgerTextures, atTheBurger + TrackValues{{"box_open", -0.4F}, {"burger_open", 0.1F}});
-    expectBars(draw(make<BurgerScene>(), 1.5), firstRow, endRow);
-}
-
-TEST_F(ScenePicture, OfTheBottlesStandsBetweenBlackBars)
-{
-    open(bottleTextures, atTheBottles);
-    expectBars(draw(make<BottleScene>(), 1.5), firstRow, endRow);
-}
-
-TEST_F(ScenePicture, OfTheToiletStandsBetweenBlackBars)
-{
-    open(toiletTextures, atTheToilet);
-    expectBars(draw(make<ToiletScene>(), 1.5), firstRow, endRow);
-}
-
-TEST_F(ScenePicture, OfTheCreditsFillsTheFrame)
-{
-    // Not the stand-in, whose ground is black.
-    openPack({{"title.dds", flatTexture(3840, 2160, 0xFFFF)}}, {});
-    auto credits = std::make_shared<CreditsScene>(renderer, *pack, std::pair(width, height));
-    const Show show = {[credits]() -> lumeth::Scene& { return credits->scene; },
-                       [](double) {
-                       }};
-    const Frame frame = draw(show, 1.5);
-    EXPECT_THAT(frame.pixels, testing::Each(Bytes{255, 255, 255}));
-}
-
-class LargeScenePicture : public ScenePicture {
-protected:
-    LargeScenePicture() : ScenePicture(1920, 1080) {}
+struct Shape {
+    int width;
+    int height;
+    int first; ///< row of the picture, from below
+    int end;
 };
 
-TEST_F(LargeScenePicture, StandsBetweenBlackBars)
+class ShapedPicture : public ScenePicture, public testing::WithParamInterface<Shape> {
+protected:
+    ShapedPicture() : ScenePicture(GetParam().width, GetParam().height) {}
+};
+
+TEST_P(ShapedPicture, HasTheBarsOfItsShape)
 {
-    open(burgerTextures, atTheBurger);
-    // 1080 - 1920 * 27 / 64 is 270.
-    expectBars(draw(make<BurgerScene>(), 1.5), 135, 945);
+    open(*atTheBurger.scene, atTheBurger.values);
+    expectBars(draw(1.5), GetParam().first, GetParam().end);
+}
+
+// A bar is (height - width * 27 / 64) / 2 high; a row counts by its middle.
+constexpr Shape shapes[] = {
+    {1920, 1080, 135, 945}, // exactly
+    {360, 270, 59, 211},    // 59.1
+    {640, 270, 0, 270},     // 64:27 itself
+    {700, 270, 0, 270},     // wider
+};
+INSTANTIATE_TEST_SUITE_P(Of, ShapedPicture, testing::ValuesIn(shapes), [](const auto& row) {
+    return std::to_string(row.param.width) + "x" + std::to_string(row.param.height);
+});
+
+/// A texture of four colours: those at the top from the left, then those below.
+std::string quarters(int width, int height, const std::array<std::uint16_t, 4>& colors)
+{
+    std::string file = flatTexture(width, height, 0);
+    const auto columns = static_cast<std::size_t>(width) / 4;
+    const auto rows = static_cast<std::size_t>(height) / 4;
+    for (std::size_t row = 0; row < rows; ++row) {
+        for (std::size_t column = 0; column < columns; ++column) {
+            const std::size_t quarter = (row < rows / 2 ? 0 : 2) + (column < columns / 2 ? 0 : 1);
+            const std::uint16_t color = colors.at(quarter);
+            const std::size_t block = 128 + 8 * (row * columns + column);
+            for (const std::size_t place : {block, block + 2}) {
+                file[place] = static_cast<char>(color & 0xFFU);
+                file[place + 1] = static_cast<char>(color >> 8U);
+            }
+        }
+    }
+    return file;
+}
+
+TEST_F(ScenePicture, OfTheCreditsFillsTheFrameUpright)
+{
+    openWith(textures::title,
+             quarters(textures::title.width, textures::title.height, {0xF800, 0x07E0, 0x001F, 0xFFFF}),
+             scenes::credits, {});
+    const Frame frame = draw(1.5);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            if (std::abs(x - width / 2) < 3 || std::abs(y - height / 2) < 3) {
+                continue; // filtering mixes the colours
+            }
+            const bool top = y > height / 2;
+            const bool left = x < width / 2;
+            const Bytes above = left ? Bytes{255, 0, 0} : Bytes{0, 255, 0};
+            const Bytes below = left ? Bytes{0, 0, 255} : Bytes{255, 255, 255};
+            ASSERT_EQ(frame.at(x, y), top ? above : below) << x << ", " << y;
+        }
+    }
 }
 
 /// How many pixels differ.
@@ -237,8 +237,8 @@ int differences(const Frame& one, const Frame& other)
 
 /// One of the text layers, as a formula.
 struct TextLayer {
-    const char* name;
-    const char* texture;
+    View view;
+    catalogue::Texture texture;
     glm::dvec3 dark;
     glm::dvec3 light; ///< negative: the picture's own colour
     glm::dvec2 offset;
@@ -250,8 +250,8 @@ double fractionOf(double value)
     return value - std::floor(value);
 }
 
-const TextLayer peopleLayer = {"people",
-                               "pants",
+const TextLayer peopleLayer = {atThePeople,
+                               textures::pants,
                                {0.04, 0.22, 0.22},
                                {-1.0, -1.0, -1.0},
                                {-0.004, -0.004},
@@ -260,8 +260,8 @@ const TextLayer peopleLayer = {"people",
                                    const double y = (position.y + 0.3) * (wave * 0.5 + 1.0) + wave * 0.05;
                                    return glm::dvec2((position.x + 1.0) * 0.5, (1.0 - y) * 0.5);
                                }};
-const TextLayer burgerLayer = {"burger",
-                               "burgertext",
+const TextLayer burgerLayer = {{atTheBurger.scene, with(atTheBurger.values, tracks::burger_text, 1.0F)},
+                               textures::burgertext,
                                {0.41, 0.04, 0.0},
                                {0.97, 0.97, 0.97},
                                {0.0, -0.004},
@@ -270,8 +270,8 @@ const TextLayer burgerLayer = {"burger",
                                                      (1.0 - position.y) * 0.5 +
                                                          std::cos(position.x * 2.0 + time * 0.7) * 0.05);
                                }};
-const TextLayer bottleLayer = {"bottle",
-                               "unlimited",
+const TextLayer bottleLayer = {atTheBottles,
+                               textures::unlimited,
                                {0.57, 0.07, 0.17},
                                {-1.0, -1.0, -1.0},
                                {-0.004, -0.004},
@@ -281,8 +281,8 @@ const TextLayer bottleLayer = {"bottle",
                                    const double x = 2.0 * fractionOf((position.x + time * 0.3) / 2.0) - 1.0;
                                    return glm::dvec2(x * 0.5 + 0.5, y * 0.5 - 0.5 + 0.05);
                                }};
-const TextLayer toiletLayer = {"toilet",
-                               "queue_main",
+const TextLayer toiletLayer = {atTheToilet,
+                               textures::queue_main,
                                {0.58, 0.30, 0.10},
                                {0.85, 0.44, 0.16},
                                {0.0, -0.008},
@@ -295,10 +295,8 @@ const TextLayer toiletLayer = {"toilet",
 /// A picture of blocks in one colour each, as the stand-ins are.
 class BlockPicture {
 public:
-    explicit BlockPicture(const std::string& name)
-        : file(standins::textureFile(name)),
-          width(name == "unlimited" ? 2048 : 3840),
-          height(name == "unlimited" ? 2048 : 2160)
+    explicit BlockPicture(const catalogue::Texture& texture)
+        : file(standins::textureFile(texture.name)), width(texture.width), height(texture.height)
     {
     }
 
@@ -384,157 +382,112 @@ TextPixels compare(const TextLayer& layer, const Frame& frame, const Frame& with
             }
         }
     }
-    EXPECT_EQ(wrong, 0) << layer.name;
+    EXPECT_EQ(wrong, 0);
     return found;
 }
 
-class TextPicture : public ScenePicture {
-protected:
-    /// With the text and without it, at two times.
-    TextPixels compareLayer(const Show& show, const TextLayer& layer)
-    {
-        TextPixels sum;
-        for (const double time : {0.0, 7.3}) {
-            const Frame frame = draw(show, time);
-            show.scene().getGraph().getNode("scroller")->value.setVisible(false);
-            const Frame without = drawAsItIs(show, time);
-            show.scene().getGraph().getNode("scroller")->value.setVisible(true);
-            const TextPixels found = compare(layer, frame, without, time);
-            sum.light += found.light;
-            sum.dark += found.dark;
-            sum.holes += found.holes;
-            sum.covered += found.covered;
-        }
-        EXPECT_GT(sum.light, 1000);
-        EXPECT_GT(sum.dark, 20);
-        EXPECT_GT(sum.holes, 10000);
-        return sum;
+class TextPicture : public ScenePicture, public testing::WithParamInterface<TextLayer> {};
+
+TEST_P(TextPicture, LiesBeforeEverything)
+{
+    const TextLayer& layer = GetParam();
+    open(*layer.view.scene, layer.view.values);
+    TextPixels sum;
+    for (const double time : {0.0, 7.3}) {
+        const Frame frame = draw(time);
+        showText(false);
+        const Frame without = drawAsItIs(time);
+        showText(true);
+        const TextPixels found = compare(layer, frame, without, time);
+        sum.light += found.light;
+        sum.dark += found.dark;
+        sum.holes += found.holes;
+        sum.covered += found.covered;
     }
-};
-
-TEST_F(TextPicture, OfTheBurgerLiesBeforeEverything)
-{
-    open(burgerTextures, atTheBurger + TrackValues{{"burger_text", 1.0F}});
-    EXPECT_EQ(compareLayer(make<BurgerScene>(), burgerLayer).covered, 0);
+    EXPECT_GT(sum.light, 1000);
+    EXPECT_GT(sum.dark, 20);
+    EXPECT_GT(sum.holes, 10000);
+    EXPECT_EQ(sum.covered, 0);
 }
+INSTANTIATE_TEST_SUITE_P(Of, TextPicture, testing::Values(peopleLayer, burgerLayer, bottleLayer, toiletLayer),
+                         [](const auto& row) { return row.param.view.scene->name; });
 
-TEST_F(TextPicture, OfTheBottlesLiesBeforeEverything)
-{
-    open(bottleTextures, atTheBottles);
-    EXPECT_EQ(compareLayer(make<BottleScene>(), bottleLayer).covered, 0);
-}
-
-TEST_F(TextPicture, OfTheToiletLiesBeforeEverything)
-{
-    open(toiletTextures, atTheToilet);
-    EXPECT_EQ(compareLayer(make<ToiletScene>(), toiletLayer).covered, 0);
-}
-
-TEST_F(TextPicture, OfThePeopleLiesBeforeWhatIsFar)
-{
-    open(peopleTextures, atThePeople);
-    EXPECT_EQ(compareLayer(make<PeopleScene>(), peopleLayer).covered, 0);
-}
-
-TEST_F(TextPicture, OfThePeopleLiesBehindWhatIsNear)
+TEST_F(ScenePicture, OfThePeopleHasItsTextBehindWhatIsNear)
 {
     // The middle of clip space lies 0.98 from the eye; the back rest of the sofa is nearer than that.
-    open(peopleTextures, cameraAt({-0.5F, 0.0F, 1.3F}, {0.0F, 0.0F, 0.0F}));
-    const Show show = make<PeopleScene>();
-    const Frame frame = draw(show, 0.0);
-    show.scene().getGraph().getNode("scroller")->value.setVisible(false);
-    const TextPixels found = compare(peopleLayer, frame, drawAsItIs(show, 0.0), 0.0);
+    open(scenes::people, cameraAt({-0.5F, 0.0F, 1.3F}, {0.0F, 0.0F, 0.0F}));
+    const Frame frame = draw(0.0);
+    showText(false);
+    const TextPixels found = compare(peopleLayer, frame, drawAsItIs(0.0), 0.0);
     EXPECT_GT(found.covered, 100);
 }
 
-TEST_F(TextPicture, OfTheBurgerComesAndGoesWithItsTrack)
+TEST_F(ScenePicture, OfTheBurgerHasTextThatComesAndGoesWithItsTrack)
 {
-    folder.writeTrack("burger_text", {{0, 0.0F, 0}, {100, 1.0F, 0}, {200, 0.0F, 0}});
-    open(burgerTextures, atTheBurger);
-    const Show show = make<BurgerScene>();
-    const Frame before = draw(show, 1.0);
-    EXPECT_GT(differences(before, draw(show, 4.0)), 1000);
-    EXPECT_EQ(differences(before, draw(show, 7.0)), 0);
+    folder.writeTrack(tracks::burger_text.name, {{0, 0.0F, 0}, {100, 1.0F, 0}, {200, 0.0F, 0}});
+    open(scenes::burger, atTheBurger.values);
+    const Frame before = draw(1.0);
+    EXPECT_GT(differences(before, draw(4.0)), 1000);
+    EXPECT_EQ(differences(before, draw(7.0)), 0);
 }
 
-class GradientPicture : public ScenePicture {
-protected:
-    /// Compares the corners, edges and middle of the picture with the formula, where nothing else is drawn.
-    void expectGradient(const Show& show, const glm::dvec3& middle, const glm::dvec3& outside)
-    {
-        show.scene().getGraph().getNode("scroller")->value.setVisible(false);
-        const Frame frame = drawAsItIs(show, 3.0);
-        for (const int x : {0, 100, 239, 300, 479}) {
-            for (const int y : {firstRow, 80, 134, 200, endRow - 1}) {
-                const double across = ((x + 0.5) / 480.0 * 2.0 - 1.0) * 0.3;
-                const double up = ((y + 0.5) / 270.0 * 2.0 - 1.0) * 0.3;
-                const double share = std::sqrt(across * across + up * up);
-                EXPECT_TRUE(isNear(frame.at(x, y), middle * (1.0 - share) + outside * share))
-                    << x << ", " << y << ": " << testing::PrintToString(frame.at(x, y));
-            }
-        }
-    }
+/// What stands behind a scene, where nothing else is drawn.
+struct Gradient {
+    const catalogue::Scene* scene;
+    glm::dvec3 middle;
+    glm::dvec3 outside;
 };
+
+class GradientPicture : public ScenePicture, public testing::WithParamInterface<Gradient> {};
 
 // Far from everything, and away from it.
 const TrackValues intoTheEmpty = cameraAt({0.0F, 9.0F, 9.0F}, {0.0F, 10.0F, 20.0F});
 
-TEST_F(GradientPicture, BehindThePeopleGoesFromWarmToTeal)
+TEST_P(GradientPicture, GoesFromTheMiddleOutwards)
 {
-    open(peopleTextures, cameraAt({0.5F, 9.0F, 9.0F}, {0.0F, 10.0F, 20.0F}));
-    const Show show = make<PeopleScene>();
-    show.update(3.0);
-    expectGradient(show, {1.0, 0.85, 0.66}, {0.0, 0.39, 0.39});
+    const auto& [scene, middle, outside] = GetParam();
+    open(*scene, intoTheEmpty);
+    show->update(3.0);
+    showText(false);
+    const Frame frame = drawAsItIs(3.0);
+    for (const int x : {0, 100, 239, 300, 479}) {
+        for (const int y : {firstRow, 80, 134, 200, endRow - 1}) {
+            const double across = ((x + 0.5) / 480.0 * 2.0 - 1.0) * 0.3;
+            const double up = ((y + 0.5) / 270.0 * 2.0 - 1.0) * 0.3;
+            const double share = std::sqrt(across * across + up * up);
+            EXPECT_TRUE(isNear(frame.at(x, y), middle * (1.0 - share) + outside * share))
+                << x << ", " << y << ": " << testing::PrintToString(frame.at(x, y));
+        }
+    }
 }
 
-TEST_F(GradientPicture, BehindTheBurgerGoesFromGreyToBlue)
-{
-    open(burgerTextures, intoTheEmpty);
-    const Show show = make<BurgerScene>();
-    show.update(3.0);
-    expectGradient(show, {0.9, 0.9, 0.9}, {0.056, 0.072, 0.132});
-}
-
-TEST_F(GradientPicture, BehindTheBottlesGoesFromYellowToBlue)
-{
-    open(bottleTextures, intoTheEmpty);
-    const Show show = make<BottleScene>();
-    show.update(3.0);
-    expectGradient(show, {0.865, 0.728, 0.562}, {0.056, 0.072, 0.132});
-}
-
-TEST_F(GradientPicture, BehindTheToiletGoesFromGreyToBlue)
-{
-    open(toiletTextures, intoTheEmpty);
-    const Show show = make<ToiletScene>();
-    show.update(3.0);
-    expectGradient(show, {0.9, 0.9, 0.9}, {0.056, 0.072, 0.132});
-}
+const Gradient gradients[] = {
+    {&scenes::people, {1.0, 0.85, 0.66}, {0.0, 0.39, 0.39}},
+    {&scenes::burger, {0.9, 0.9, 0.9}, {0.056, 0.072, 0.132}},
+    {&scenes::bottle, {0.865, 0.728, 0.562}, {0.056, 0.072, 0.132}},
+    {&scenes::toilet, {0.9, 0.9, 0.9}, {0.056, 0.072, 0.132}},
+};
+INSTANTIATE_TEST_SUITE_P(Behind, GradientPicture, testing::ValuesIn(gradients),
+                         [](const auto& row) { return row.param.scene->name; });
 
 TEST_F(ScenePicture, OfTheRoomHasItsSkyBehindIt)
 {
-    open(roomTextures, intoTheEmpty);
-    const Frame frame = draw(make<RoomScene>(), 3.0);
+    open(scenes::room, intoTheEmpty);
+    const Frame frame = draw(3.0);
     EXPECT_TRUE(isNear(frame.at(240, 135), {0.05, 0.05, 0.12})) << testing::PrintToString(frame.at(240, 135));
 }
 
 TEST_F(ScenePicture, OfTheTvIsTornInBurstsAndOnlyWhereItsMapIsLit)
 {
-    open(roomTextures, atTheTv);
-    const Show show = make<RoomScene>();
+    open(scenes::room, atTheTv);
     // 0.5 * 1.5 is 0.75, 1.4 * 1.5 is 2.1: calm. 1.0 * 1.5 is 1.5, 1.2 * 1.5 is 1.8: torn.
-    const Frame calm = draw(show, 0.5);
-    EXPECT_EQ(differences(calm, draw(show, 1.4)), 0);
-    const Frame torn[] = {draw(show, 1.0), draw(show, 1.2)};
+    const Frame calm = draw(0.5);
+    EXPECT_EQ(differences(calm, draw(1.4)), 0);
+    const Frame torn[] = {draw(1.0), draw(1.2)};
 
-    std::vector<std::pair<std::string, std::string>> files;
-    files.reserve(std::size(roomTextures));
-    for (const std::string& name : roomTextures) {
-        files.emplace_back(name + ".dds",
-                           name == "tv_emit" ? flatTexture(2048, 2048, 0) : standins::textureFile(name));
-    }
-    openPack(files, atTheTv);
-    const Frame dark = draw(make<RoomScene>(), 1.0);
+    openWith(textures::tv_emit, flatTexture(textures::tv_emit.width, textures::tv_emit.height, 0),
+             scenes::room, atTheTv);
+    const Frame dark = draw(1.0);
 
     // At the edge of what is lit, filtering leaves too little light to be seen.
     const auto isLit = [&](int x, int y) {

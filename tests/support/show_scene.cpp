@@ -67,6 +67,21 @@ static_assert(std::size(makers) == std::size(catalogue::allScenes), "a scene has
 
 } // namespace
 
+TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target)
+{
+    namespace tracks = catalogue::tracks;
+    return {{tracks::camera_pos_x, position.x}, {tracks::camera_pos_y, position.y},
+            {tracks::camera_pos_z, position.z}, {tracks::camera_tgt_x, target.x},
+            {tracks::camera_tgt_y, target.y},   {tracks::camera_tgt_z, target.z}};
+}
+
+void writeTracks(const ShowFolder& folder, const TrackValues& values)
+{
+    for (const auto& [track, value] : values) {
+        folder.writeTrack(track.name, {{0, value, 0}});
+    }
+}
+
 std::unique_ptr<ShowScene> makeScene(const catalogue::Scene& row, zund::Renderer& renderer,
                                      const pack::Packfile& pack, const tolv::SyncDevice& sync,
                                      std::pair<int, int> size)

@@ -5,9 +5,20 @@
 #include "pack/packfile.h"
 #include "scenes/catalogue.h"
 #include "sync/syncdevice.h"
+#include "tests/support/test_assets.h"
 
+#include <glm/vec3.hpp>
 #include <memory>
 #include <utility>
+#include <vector>
+
+/// Values of tracks that stay the same in all rows; a track that isn't here has no file.
+using TrackValues = std::vector<std::pair<catalogue::Track, float>>;
+
+/// The camera's six.
+TrackValues cameraAt(const glm::vec3& position, const glm::vec3& target);
+
+void writeTracks(const ShowFolder& folder, const TrackValues& values);
 
 /// A scene of the show, whichever class it is.
 class ShowScene {
