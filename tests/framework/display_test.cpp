@@ -5,6 +5,7 @@
 #include "framework/exception.h"
 #include "gl/exception.h"
 #include "gl/gl-wrapper.h"
+#include "tests/support/message_of.h"
 #include "tests/support/refused_calls.h"
 #include "tests/support/sdl_names.h"
 
@@ -15,7 +16,6 @@
 #include <memory>
 #include <sstream>
 #include <string>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -178,20 +178,6 @@ GLenum GLAPIENTRY glGetError()
 } // extern "C"
 
 namespace {
-
-/// What `action` throws, which must be exactly a `Thrown`.
-template<class Thrown, class Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(typeid(error), typeid(Thrown));
-        return error.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return {};
-}
 
 class DisplayTest : public testing::Test {
 protected:

@@ -2,6 +2,8 @@
 // defined here stand in the place of its own.
 #include "framework/mixer.h"
 
+#include "tests/support/message_of.h"
+
 #include <SDL.h>
 #include <SDL_mixer.h>
 #include <gmock/gmock.h>
@@ -9,7 +11,6 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -99,20 +100,6 @@ double Mix_GetMusicPosition(Mix_Music* music)
 
 namespace {
 
-/// What `action` throws, which must be exactly a `std::runtime_error`.
-template<class Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(typeid(error), typeid(std::runtime_error));
-        return error.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return {};
-}
-
 class MixerTest : public testing::Test {
 protected:
     MixerTest()
@@ -141,7 +128,7 @@ TEST_F(MixerTest, FailsWithoutOggVorbisWhateverElseThereIs)
 {
     for (const int result : {0, ~MIX_INIT_OGG & 0xFF}) {
         library.initResult = result;
-        EXPECT_EQ(messageOf([] { const Mixer mixer; }), "mixer failed to init") << result;
+        EXPECT_EQ(messageOf<std::runtime_error>([] { const Mixer mixer; }), "mixer failed to init") << result;
         EXPECT_THAT(calls(), ElementsAre("Mix_Init 16"));
     }
 }
@@ -159,7 +146,7 @@ TEST_F(MixerTest, FailsWithoutAnAudioDevice)
     Mixer mixer;
     library.openResult = -1;
     SDL_SetError("no device"); // which is not told
-    EXPECT_EQ(messageOf([&] { mixer.openAudio(); }), "mixer failed to open audio");
+    EXPECT_EQ(messageOf<std::runtime_error>([&] { mixer.openAudio(); }), "mixer failed to open audio");
 }
 
 TEST_F(MixerTest, LoadsTheFileAtThePath)
@@ -175,7 +162,8 @@ TEST_F(MixerTest, FailsWithTheTextOfSdlWithoutMusic)
     Mixer mixer;
     library.loadFails = true;
     SDL_SetError("no such file");
-    EXPECT_EQ(messageOf([&] { mixer.loadMusic("nowhere.ogg"); }), "mixer failed to load music: no such file");
+    EXPECT_EQ(messageOf<std::runtime_error>([&] { mixer.loadMusic("nowhere.ogg"); }),
+              "mixer failed to load music: no such file");
 }
 
 TEST_F(MixerTest, PlaysTheMusicOnce)

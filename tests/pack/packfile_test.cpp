@@ -1,6 +1,7 @@
 #include "pack/packfile.h"
 
 #include "tests/pack/system_calls.h"
+#include "tests/support/message_of.h"
 #include "tests/sync/temporary_directory.h"
 
 #include <cerrno>
@@ -14,7 +15,6 @@
 #include <string>
 #include <sys/mman.h>
 #include <system_error>
-#include <typeinfo>
 #include <unistd.h>
 #include <vector>
 
@@ -26,20 +26,6 @@ using testing::IsEmpty;
 using testing::Pair;
 
 constexpr std::size_t recordSize = 265;
-
-/// What `action` throws, which must be exactly a `Thrown`, nothing derived from it.
-template<class Thrown, class Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(typeid(error), typeid(Thrown));
-        return error.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return {};
-}
 
 /// The code of the `std::system_error` that `action` throws.
 template<class Action>

@@ -2,33 +2,19 @@
 
 #include "sync/exception.h"
 #include "sync/tools.h"
+#include "tests/support/message_of.h"
 #include "tests/sync/c_library.h"
 #include "tests/sync/track_files.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <typeinfo>
 
 namespace {
 
 using testing::StrEq;
 using tolv::SyncDevice;
 using tolv::SyncTrack;
-
-/// What `action` throws, told in full: nothing else may be a `tolv::Exception` by inheritance only.
-template<class Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(typeid(error), typeid(tolv::Exception));
-        return error.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return {};
-}
 
 class SyncDeviceTest : public testing::Test {
 private:
@@ -63,9 +49,9 @@ TEST_F(SyncDeviceTest, RefusesAnAbsolutePathAndSaysNothing)
 {
     const WatchedCLibrary watched;
     testing::internal::CaptureStdout();
-    EXPECT_THAT(
-        messageOf([] { const SyncDevice device("/tmp/x", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
-        StrEq("Failed to initialize rocket sync device"));
+    EXPECT_THAT(messageOf<tolv::Exception>(
+                    [] { const SyncDevice device("/tmp/x", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
+                StrEq("Failed to initialize rocket sync device"));
     EXPECT_THAT(testing::internal::GetCapturedStdout(), StrEq(""));
     for (void* record : cLibrary.mallocResults) {
         std::free(record); // the device's, which it leaves behind: a leak to the sanitizer
@@ -76,7 +62,8 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheDevice)
 {
     const WatchedCLibrary watched;
     cLibrary.mallocsBeforeFailure = 0;
-    EXPECT_THAT(messageOf([] { const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
+    EXPECT_THAT(messageOf<tolv::Exception>(
+                    [] { const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat); }),
                 StrEq("Failed to initialize rocket sync device"));
 }
 
@@ -85,7 +72,7 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForATrack)
     const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const WatchedCLibrary watched;
     cLibrary.mallocsBeforeFailure = 0;
-    EXPECT_THAT(messageOf([&] { device.getTrack("camera:pos x"); }),
+    EXPECT_THAT(messageOf<tolv::Exception>([&] { device.getTrack("camera:pos x"); }),
                 StrEq("Rocket could not get track: camera:pos x"));
 }
 
@@ -94,7 +81,8 @@ TEST_F(SyncDeviceTest, FailsWithoutMemoryForTheListOfTracks)
     const SyncDevice device("sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     const WatchedCLibrary watched;
     cLibrary.reallocsBeforeFailure = 0;
-    EXPECT_THAT(messageOf([&] { device.getTrack("scene"); }), StrEq("Rocket could not get track: scene"));
+    EXPECT_THAT(messageOf<tolv::Exception>([&] { device.getTrack("scene"); }),
+                StrEq("Rocket could not get track: scene"));
     ASSERT_EQ(cLibrary.strdupResults.size(), 1U);
     std::free(cLibrary.strdupResults[0]); // the name, which the device leaves behind: a leak to the sanitizer
 }
