@@ -2,16 +2,16 @@
 
 #include "tests/engine/matrices.h"
 #include "tests/support/recording_renderer.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/write_file.h"
 
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 using testing::ElementsAre;
@@ -141,18 +141,11 @@ struct SquareFile {
 
 class ModelLoader : public testing::Test {
 protected:
-    ModelLoader()
-        : folder(std::filesystem::temp_directory_path() / ("vesperal_models_" + std::to_string(getpid())))
-    {
-        std::filesystem::create_directories(folder);
-    }
-    ~ModelLoader() override { std::filesystem::remove_all(folder); }
-
     std::string write(const std::string& name, const std::string& bytes) const
     {
-        std::string path = (folder / name).string();
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
+        const std::filesystem::path path = folder.path() / name;
+        writeFile(path, bytes);
+        return path.string();
     }
 
     std::string write(const SquareFile& file) const { return write("square.glb", file.build()); }
@@ -177,7 +170,7 @@ protected:
         EXPECT_THAT(renderer.take(), IsEmpty()) << "nothing is uploaded";
     }
 
-    std::filesystem::path folder;
+    TemporaryFolder folder;
     RecordingRenderer renderer;
     std::string said;
 };
@@ -292,7 +285,7 @@ TEST_F(ModelLoader, LoadsTheSameFileAgainEachTime)
 
 TEST_F(ModelLoader, RefusesAMissingFile)
 {
-    expectRefusal((folder / "nobody.glb").string(), "failed to import model");
+    expectRefusal((folder.path() / "nobody.glb").string(), "failed to import model");
     expectRefusal("", "failed to import model");
     EXPECT_EQ(said, "");
 }

@@ -2,7 +2,7 @@
 // the decoder that are defined here write down what SDL_mixer asks of it, and pass everything on.
 #include "framework/mixer.h"
 #include "tests/framework/ogg_file.h"
-#include "tests/sync/temporary_directory.h"
+#include "tests/support/temporary_folder.h"
 
 // The header's tables of callbacks are of no use here.
 #define OV_EXCLUDE_STATIC_CALLBACKS
@@ -203,8 +203,8 @@ protected:
         look();
     }
 
-    TemporaryDirectory directory;
-    const std::string path = (directory.path() / "music.ogg").string();
+    TemporaryFolder folder;
+    const std::string path = (folder.path() / "music.ogg").string();
     std::unique_ptr<Mixer> mixer;
 };
 
@@ -308,7 +308,7 @@ TEST_F(MixerClock, FailsOnAMissingFileWithTheTextOfSdl)
 {
     Mixer lonely;
     lonely.openAudio();
-    const std::string nowhere = (directory.path() / "nowhere.ogg").string();
+    const std::string nowhere = (folder.path() / "nowhere.ogg").string();
     try {
         lonely.loadMusic(nowhere.c_str());
         ADD_FAILURE() << "nothing was thrown";

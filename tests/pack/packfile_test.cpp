@@ -2,7 +2,8 @@
 
 #include "tests/pack/system_calls.h"
 #include "tests/support/message_of.h"
-#include "tests/sync/temporary_directory.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/write_file.h"
 
 #include <cerrno>
 #include <cstring>
@@ -87,9 +88,7 @@ protected:
     /// Writes the file; gives its path.
     const std::string& written(const std::string& content)
     {
-        std::ofstream stream(path, std::ios::binary);
-        stream << content;
-        EXPECT_TRUE(stream.flush());
+        writeFile(path, content);
         return path;
     }
 
@@ -114,8 +113,8 @@ protected:
         return text;
     }
 
-    TemporaryDirectory directory;
-    const std::string path = (std::filesystem::canonical(directory.path()) / "test.pack").string();
+    TemporaryFolder folder;
+    const std::string path = (folder.path() / "test.pack").string();
 };
 
 // Good packs.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "tests/support/temporary_folder.h"
+#include "tests/support/working_folder.h"
+
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
@@ -9,9 +12,6 @@
 /// A test that works in an empty folder of its own, so that files go by short names.
 class InTemporaryFolder : public testing::Test {
 protected:
-    InTemporaryFolder();
-    ~InTemporaryFolder() override;
-
     /// Makes a file.
     static void write(const std::filesystem::path& path, std::string_view bytes);
 
@@ -21,6 +21,6 @@ protected:
     static std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 private:
-    std::filesystem::path before;
-    std::filesystem::path folder;
+    TemporaryFolder folder;
+    WorkingFolder working{folder.path()};
 };

@@ -1,11 +1,9 @@
 #include "tests/support/test_assets.h"
 
 #include "pack/format.h"
+#include "tests/support/write_file.h"
 
-#include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <stdexcept>
 
 namespace {
 
@@ -23,34 +21,17 @@ void append(std::string& bytes, Value value)
 
 ShowFolder::ShowFolder()
 {
-    std::string name = (std::filesystem::temp_directory_path() / "vesperal-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no folder for the test: " + name);
-    }
-    folder = name;
-    std::filesystem::create_directory(folder / "assets");
-}
-
-ShowFolder::~ShowFolder()
-{
-    std::error_code ignored;
-    if (!before.empty()) {
-        std::filesystem::current_path(before, ignored);
-    }
-    std::filesystem::remove_all(folder, ignored);
+    std::filesystem::create_directory(path() / "assets");
 }
 
 void ShowFolder::enter()
 {
-    before = std::filesystem::current_path();
-    std::filesystem::current_path(folder);
+    entered.emplace(path());
 }
 
 void ShowFolder::write(const std::string& name, const std::string& bytes) const
 {
-    std::ofstream file(asset(name), std::ios::binary);
-    file.exceptions(std::ios::badbit | std::ios::failbit);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    writeFile(asset(name), bytes);
 }
 
 void ShowFolder::writeTrack(const std::string& name, const std::vector<TestKey>& keys) const

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "tests/support/temporary_folder.h"
+#include "tests/support/working_folder.h"
+
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,13 +21,9 @@ struct TestKey {
 class ShowFolder {
 public:
     ShowFolder();
-    ~ShowFolder();
 
-    ShowFolder(const ShowFolder&) = delete;
-    ShowFolder& operator=(const ShowFolder&) = delete;
-
-    const std::filesystem::path& path() const { return folder; }
-    std::filesystem::path asset(const std::string& name) const { return folder / "assets" / name; }
+    const std::filesystem::path& path() const { return folder.path(); }
+    std::filesystem::path asset(const std::string& name) const { return path() / "assets" / name; }
 
     /// Makes this the working directory, until the folder goes.
     void enter();
@@ -34,8 +34,8 @@ public:
     void writePack(const std::vector<std::pair<std::string, std::string>>& files) const;
 
 private:
-    std::filesystem::path folder;
-    std::filesystem::path before; ///< working directory to go back to; empty: never entered
+    TemporaryFolder folder;
+    std::optional<WorkingFolder> entered;
 };
 
 /// The bytes of a pack.

@@ -1,5 +1,8 @@
 #include "sync/device.h"
 
+#include "tests/support/temporary_folder.h"
+#include "tests/support/working_folder.h"
+#include "tests/support/write_file.h"
 #include "tests/sync/c_library.h"
 #include "tests/sync/track_files.h"
 
@@ -261,7 +264,7 @@ int recordedClose(std::FILE* stream)
     return std::fclose(stream);
 }
 
-/// A device over an empty directory, whose streams are recorded.
+/// A device over an empty folder, whose streams are recorded.
 class SyncGetTrack : public testing::Test {
 protected:
     SyncGetTrack() : device(makeDevice("sync"))
@@ -278,7 +281,8 @@ protected:
         return sync_get_track(device.get(), "scene");
     }
 
-    TemporaryWorkingDirectory directory;
+    TemporaryFolder folder; // paths of tracks are relative to the working directory
+    WorkingFolder working{folder.path()};
     Device device;
 };
 

@@ -3,6 +3,9 @@
 #include "sync/exception.h"
 #include "sync/tools.h"
 #include "tests/support/message_of.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/working_folder.h"
+#include "tests/support/write_file.h"
 #include "tests/sync/c_library.h"
 #include "tests/sync/track_files.h"
 
@@ -18,7 +21,8 @@ using tolv::SyncTrack;
 
 class SyncDeviceTest : public testing::Test {
 private:
-    TemporaryWorkingDirectory directory;
+    TemporaryFolder folder; // paths of tracks are relative to the working directory
+    WorkingFolder working{folder.path()};
 };
 
 TEST_F(SyncDeviceTest, SaysWhenItComesAndWhenItGoes)
