@@ -25,9 +25,10 @@ clean_start_packages=(debootstrap strace xvfb)
 
 # require PACKAGE...: installs those that are missing, having said which.
 require() {
-    local missing=() package
+    local missing=() package installed
+    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null) || true # it fails if one is unknown
     for package in "$@"; do
-        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
+        grep -qxF "$package installed" <<<"$installed" || missing+=("$package")
     done
     ((${#missing[@]})) || return 0
     local root=()
