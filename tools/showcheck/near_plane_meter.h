@@ -13,8 +13,8 @@ namespace tools::showcheck {
 /// off. The window shows what it would show without it.
 ///
 /// Models are drawn first without being cut: what would be, leaves depth 0. So does a text layer, which lies
-/// on the near plane to cover all: it would count as cut, and is drawn only once the depths are read. Its turn
-/// among the models makes no difference to the depth test.
+/// on the near plane to cover all: it would count as cut, and is drawn only once the depths are read. Its
+/// turn among the models makes no difference to the depth test.
 class NearPlaneMeter : public renderers::ForwardingRenderer {
 public:
     /// For frames of that size. `target` draws on the current context, and outlives the meter.

@@ -18,9 +18,9 @@ struct CompiledTrack {
 /// Compiles the text file NAME.csv of each track into `folder`/sync_NAME.track, the name encoded as the show
 /// does.
 ///
-/// Makes the folder. Every text is read and checked, and every file written to a temporary one, before the first one
-/// changes. Throws `Error` with the place and the reason; then all files are as they were, save those that
-/// were renamed already when a renaming failed.
+/// Makes the folder. Every text is read and checked, and every file written to a temporary one, before the
+/// first one changes. Throws `Error` with the place and the reason; then all files are as they were, save
+/// those that were renamed already when a renaming failed.
 std::vector<CompiledTrack> compileTracks(const std::vector<std::filesystem::path>& texts,
                                          const std::filesystem::path& folder);
 
