@@ -18,16 +18,15 @@ namespace {
 
 using lumeth::Light;
 
-constexpr float aspect = 16.0F / 9.0F;
+constexpr float aspect = 2.35F;
 
 class DefaultMaterial : public testing::Test {
 protected:
     DefaultMaterial() : item("", glm::vec3(0.0F), glm::quat(1.0F, 0.0F, 0.0F, 0.0F), glm::vec3(1.0F))
     {
-        item.worldMatrix =
-            placed(glm::vec3(1.0F, 2.0F, 3.0F), glm::quat(1.0F, 0.0F, 0.0F, 0.0F), glm::vec3(2.0F));
+        item.worldMatrix = placed(glm::vec3(1.0F, 2.0F, 3.0F), askew, glm::vec3(2.0F));
         object.modelMatrix =
-            placed(glm::vec3(0.5F, 0.25F, -4.0F), glm::quat(1.0F, 0.0F, 0.0F, 0.0F), glm::vec3(3.0F));
+            placed(glm::vec3(0.5F, 0.25F, -4.0F), glm::quat(0.0F, 0.6F, 0.0F, 0.8F), glm::vec3(3.0F));
         object.color = glm::vec3(0.25F, 0.5F, 0.75F);
         object.ambient = 0.1F;
         object.diffuse = 0.9F;
@@ -77,14 +76,15 @@ protected:
         std::vector<Light> lights;
         for (int i = 1; i <= count; ++i) {
             const auto n = static_cast<float>(i);
-            lights.push_back({glm::vec3(n), glm::vec3(n + 0.25F), glm::vec3(n + 0.5F)});
+            lights.push_back(
+                {glm::vec3(n, -n, 2.0F * n), glm::vec3(n + 0.25F, n, 0.5F), glm::vec3(n + 0.5F, 0.0F, n)});
         }
         return lights;
     }
 
     RecordingRenderer renderer;
     lumeth::DefaultMaterial material{renderer, aspect};
-    glm::mat4 view = placed(glm::vec3(7.0F, 8.0F, 9.0F), glm::quat(1.0F, 0.0F, 0.0F, 0.0F), glm::vec3(1.0F));
+    glm::mat4 view = placed(glm::vec3(7.0F, 8.0F, 9.0F), askew, glm::vec3(1.0F));
     lumeth::DisplayObject object;
     lumeth::DisplayListItem item;
 };
@@ -117,10 +117,7 @@ TEST_F(DefaultMaterial, GivesFifteenValuesInOrder)
 
 TEST_F(DefaultMaterial, PlacesTheModelInsideTheItem)
 {
-    // Scales 2 and 3 give 6; the model's place is scaled by the item's 2 before the item moves it.
-    expectNear(valueOf<glm::mat4>("modelToView"),
-               placed(glm::vec3(2.0F, 2.5F, -5.0F), glm::quat(1.0F, 0.0F, 0.0F, 0.0F), glm::vec3(6.0F)),
-               0.0F);
+    expectNear(valueOf<glm::mat4>("modelToView"), productOf(item.worldMatrix, object.modelMatrix), 4e-6F);
 }
 
 TEST_F(DefaultMaterial, HandsTheViewOn)
@@ -130,7 +127,7 @@ TEST_F(DefaultMaterial, HandsTheViewOn)
 
 TEST_F(DefaultMaterial, ProjectsByAQuarterOfPiFromAHalfToTwenty)
 {
-    expectNear(valueOf<glm::mat4>("projection"), projectionOf(0.7853982, 16.0 / 9.0, 0.5, 20.0), 1e-6F);
+    expectNear(valueOf<glm::mat4>("projection"), projectionOf(0.7853982, 2.35, 0.5, 20.0), 1e-6F);
 }
 
 TEST_F(DefaultMaterial, PutsItsSamplersAtTheFirstThreeUnits)
@@ -206,9 +203,9 @@ TEST_P(LightCount, FillsEightSlotsInListOrderAndTheRestWithZeros)
         const auto slot = static_cast<std::size_t>(i);
         const auto n = static_cast<float>(i + 1);
         const bool lit = i < GetParam();
-        EXPECT_EQ(arrays[0].at(slot), lit ? glm::vec3(n) : glm::vec3(0.0F)) << i;
-        EXPECT_EQ(arrays[1].at(slot), lit ? glm::vec3(n + 0.25F) : glm::vec3(0.0F)) << i;
-        EXPECT_EQ(arrays[2].at(slot), lit ? glm::vec3(n + 0.5F) : glm::vec3(0.0F)) << i;
+        EXPECT_EQ(arrays[0].at(slot), lit ? glm::vec3(n, -n, 2.0F * n) : glm::vec3(0.0F)) << i;
+        EXPECT_EQ(arrays[1].at(slot), lit ? glm::vec3(n + 0.25F, n, 0.5F) : glm::vec3(0.0F)) << i;
+        EXPECT_EQ(arrays[2].at(slot), lit ? glm::vec3(n + 0.5F, 0.0F, n) : glm::vec3(0.0F)) << i;
     }
     EXPECT_THAT(arrays, Each(SizeIs(8)));
 }

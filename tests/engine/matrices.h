@@ -44,6 +44,24 @@ inline glm::mat4 placed(const glm::vec3& position, const glm::quat& orientation,
     return matrix;
 }
 
+/// The product written out: what `first` does, then `second`.
+inline glm::mat4 productOf(const glm::mat4& second, const glm::mat4& first)
+{
+    glm::mat4 product(0.0F);
+    for (int column = 0; column < 4; ++column) {
+        for (int row = 0; row < 4; ++row) {
+            for (int k = 0; k < 4; ++k) {
+                product[column][row] += second[k][row] * first[column][k];
+            }
+        }
+    }
+    return product;
+}
+
+/// A turn of no special angle about no axis of the coordinates, so that a matrix that is transposed, or
+/// multiplied from the other side, is another one.
+inline const glm::quat askew(0.8F, 0.36F, -0.288F, 0.384F);
+
 /// A view matrix: rows x, y, z of the camera, each with its distance from the origin.
 inline glm::mat4 viewOf(const glm::dvec3& eye, const glm::dvec3& target, const glm::dvec3& up)
 {

@@ -25,7 +25,10 @@ using lumeth::DisplayListItem;
 using lumeth::DisplayObject;
 using zund::DrawCommand;
 
-const glm::quat identity(1.0F, 0.0F, 0.0F, 0.0F);
+// A camera that is turned every way; all values are floats too.
+const glm::dvec3 eye(3.0, -1.5, 4.0);
+const glm::dvec3 target(-0.5, 2.0, 1.0);
+const glm::dvec3 up(0.125, 1.0, -0.25);
 
 // The names that RecordingRenderer gives out in init: 24 and 33 are the framebuffers of the passes, 40 is the
 // full-screen triangle, 41 the cube. -1 is the screen.
@@ -47,10 +50,16 @@ protected:
         return object;
     }
 
+    /// Where `itemOf` puts an item.
+    static glm::mat4 placeOf(const glm::vec3& position, float scale = 1.0F)
+    {
+        return placed(position, askew, glm::vec3(scale));
+    }
+
     static DisplayListItem itemOf(const std::string& objectName, const glm::vec3& position = glm::vec3(0.0F),
                                   float scale = 1.0F)
     {
-        return {objectName, position, identity, glm::vec3(scale)};
+        return {objectName, position, askew, glm::vec3(scale)};
     }
 
     /// The commands of one frame.
@@ -317,7 +326,7 @@ TEST_F(Scene, PrefersTheObjectsOwnMaterial)
     scene.addLight({});
     graph().addNode("own", itemOf("own", glm::vec3(1.0F, 2.0F, 3.0F)));
     graph().addNode("stock", itemOf("stock"));
-    scene.lookAt(glm::vec3(0.0F, 0.0F, 5.0F), glm::vec3(0.0F), glm::vec3(0.0F, 1.0F, 0.0F));
+    scene.lookAt(glm::vec3(eye), glm::vec3(target), glm::vec3(up));
     for (const DrawCommand& command : itemsOf(draw(12.5))) {
         if (command.vertexArray.get() == 101) {
             EXPECT_EQ(command.program.get(), stockProgram);
@@ -336,8 +345,9 @@ TEST_F(Scene, PrefersTheObjectsOwnMaterial)
     EXPECT_EQ(asked[0].lights, 1U);
     EXPECT_EQ(asked[0].arrayLights, 1U);
     EXPECT_EQ(asked[0].arrayObject, asked[0].object);
-    expectNear(asked[0].worldToView, placed(glm::vec3(0.0F, 0.0F, -5.0F), identity, glm::vec3(1.0F)), 0.0F);
-    expectNear(asked[0].worldMatrix, placed(glm::vec3(1.0F, 2.0F, -2.0F), identity, glm::vec3(1.0F)), 0.0F);
+    const glm::mat4 view = viewOf(eye, target, up);
+    expectNear(asked[0].worldToView, view, 2e-6F);
+    expectNear(asked[0].worldMatrix, productOf(view, placeOf(glm::vec3(1.0F, 2.0F, 3.0F))), 4e-6F);
 }
 
 TEST_F(Scene, HandsTimeToBackgroundAndMaterialsOnly)
@@ -367,8 +377,9 @@ TEST_F(Scene, MultipliesTheTransformsAlongTheTree)
     const std::vector<DrawCommand> items = itemsOf(draw());
     ASSERT_EQ(items.size(), 2U);
     EXPECT_EQ(items[0].vertexArray.get(), 100) << "the parent comes first";
-    expectNear(matrixOf(items[0]), placed(glm::vec3(1.0F, 0.0F, 0.0F), identity, glm::vec3(2.0F)), 0.0F);
-    expectNear(matrixOf(items[1]), placed(glm::vec3(1.0F, 6.0F, 0.0F), identity, glm::vec3(1.0F)), 0.0F);
+    const glm::mat4 parent = placeOf(glm::vec3(1.0F, 0.0F, 0.0F), 2.0F);
+    expectNear(matrixOf(items[0]), parent, 1e-6F);
+    expectNear(matrixOf(items[1]), productOf(parent, placeOf(glm::vec3(0.0F, 3.0F, 0.0F), 0.5F)), 4e-6F);
     EXPECT_EQ(graph().getNode("a")->value.worldMatrix, matrixOf(items[0]));
 }
 
@@ -378,7 +389,7 @@ TEST_F(Scene, DrawsWithTheIdentityViewUntilTheCameraIsSet)
     graph().addNode("a", itemOf("a"));
     const std::vector<DrawCommand> items = itemsOf(draw());
     EXPECT_EQ(viewIn(items.at(0)), glm::mat4(1.0F));
-    EXPECT_EQ(matrixOf(items.at(0)), glm::mat4(1.0F));
+    expectNear(matrixOf(items.at(0)), placeOf(glm::vec3(0.0F)), 1e-6F);
     EXPECT_EQ(graph().value.worldMatrix, glm::mat4(1.0F));
 }
 
@@ -392,7 +403,8 @@ TEST_F(Scene, DrawsAVisibleChildOfAHiddenItemPlacedByIt)
     const std::vector<DrawCommand> items = itemsOf(draw());
     ASSERT_EQ(items.size(), 1U);
     EXPECT_EQ(items[0].vertexArray.get(), 101);
-    EXPECT_EQ(matrixOf(items[0])[3], glm::vec4(4.0F, 5.0F, 0.0F, 1.0F));
+    expectNear(matrixOf(items[0]),
+               productOf(placeOf(glm::vec3(4.0F, 0.0F, 0.0F)), placeOf(glm::vec3(0.0F, 5.0F, 0.0F))), 4e-6F);
 }
 
 TEST_F(Scene, DrawsNothingForATransformAloneWhateverItsVisibility)
@@ -405,7 +417,10 @@ TEST_F(Scene, DrawsNothingForATransformAloneWhateverItsVisibility)
         graph().getNode("pivot")->value.setVisible(visible);
         const std::vector<DrawCommand> items = itemsOf(draw());
         ASSERT_EQ(items.size(), 1U);
-        expectNear(matrixOf(items[0]), placed(glm::vec3(3.0F, 0.0F, 2.0F), identity, glm::vec3(3.0F)), 0.0F);
+        expectNear(
+            matrixOf(items[0]),
+            productOf(placeOf(glm::vec3(0.0F, 0.0F, 2.0F), 3.0F), placeOf(glm::vec3(1.0F, 0.0F, 0.0F))),
+            4e-6F);
     }
 }
 
@@ -453,11 +468,8 @@ TEST_F(Scene, TakesNoNoticeOfAHiddenItemsUnknownObject)
 
 TEST_F(Scene, LooksFromEyeToTarget)
 {
-    scene.lookAt(glm::vec3(3.0F, -1.5F, 4.0F), glm::vec3(-0.5F, 2.0F, 1.0F), glm::vec3(0.1F, 1.0F, -0.2F));
-    expectNear(graph().value.localMatrix,
-               viewOf(glm::dvec3(3.0, -1.5, 4.0), glm::dvec3(-0.5, 2.0, 1.0),
-                      glm::dvec3(static_cast<double>(0.1F), 1.0, static_cast<double>(-0.2F))),
-               2e-6F);
+    scene.lookAt(glm::vec3(eye), glm::vec3(target), glm::vec3(up));
+    expectNear(graph().value.localMatrix, viewOf(eye, target, up), 2e-6F);
 }
 
 TEST_F(Scene, PutsTheTargetStraightAheadAndTheEyeAtTheOrigin)
@@ -477,19 +489,19 @@ TEST_F(Scene, PutsTheTargetStraightAheadAndTheEyeAtTheOrigin)
 TEST_F(Scene, ReplacesTheWholeViewEachTime)
 {
     graph().value.localMatrix = glm::mat4(9.0F);
-    scene.lookAt(glm::vec3(0.0F, 0.0F, 2.0F), glm::vec3(0.0F), glm::vec3(0.0F, 1.0F, 0.0F));
-    expectNear(graph().value.localMatrix, placed(glm::vec3(0.0F, 0.0F, -2.0F), identity, glm::vec3(1.0F)),
-               0.0F);
+    scene.lookAt(glm::vec3(eye), glm::vec3(target), glm::vec3(up));
+    expectNear(graph().value.localMatrix, viewOf(eye, target, up), 2e-6F);
 }
 
 TEST_F(Scene, HandsTheViewToItemsAndPutsItBeforeTheirTransforms)
 {
     scene.addObject("a", objectOf(100));
     graph().addNode("a", itemOf("a", glm::vec3(1.0F, 2.0F, 3.0F), 2.0F));
-    scene.lookAt(glm::vec3(0.0F, 0.0F, 10.0F), glm::vec3(0.0F), glm::vec3(0.0F, 1.0F, 0.0F));
+    scene.lookAt(glm::vec3(eye), glm::vec3(target), glm::vec3(up));
     const DrawCommand item = itemsOf(draw()).at(0);
-    expectNear(viewIn(item), placed(glm::vec3(0.0F, 0.0F, -10.0F), identity, glm::vec3(1.0F)), 0.0F);
-    expectNear(matrixOf(item), placed(glm::vec3(1.0F, 2.0F, -7.0F), identity, glm::vec3(2.0F)), 0.0F);
+    const glm::mat4 view = viewOf(eye, target, up);
+    expectNear(viewIn(item), view, 2e-6F);
+    expectNear(matrixOf(item), productOf(view, placeOf(glm::vec3(1.0F, 2.0F, 3.0F), 2.0F)), 4e-6F);
 }
 
 TEST_F(Scene, GivesNansForACameraThatLooksNowhereOrAlongItsUp)
@@ -520,13 +532,13 @@ TEST_F(Scene, SendsItsLightsInTheOrderOfTheirAdding)
     scene.addObject("a", objectOf(100));
     graph().addNode("a", itemOf("a"));
     for (int i = 1; i <= 9; ++i) {
-        scene.addLight({glm::vec3(static_cast<float>(i)), glm::vec3(0.0F), glm::vec3(0.0F)});
+        scene.addLight({glm::vec3(static_cast<float>(i), 0.0F, -1.0F), glm::vec3(0.0F), glm::vec3(0.0F)});
     }
     const DrawCommand item = itemsOf(draw()).at(0);
     const auto& positions = std::get<std::vector<glm::vec3>>(item.uniformArrays.at(0).second);
     ASSERT_THAT(positions, SizeIs(8));
     for (std::size_t i = 0; i < 8; ++i) {
-        EXPECT_EQ(positions[i], glm::vec3(static_cast<float>(i + 1)));
+        EXPECT_EQ(positions[i], glm::vec3(static_cast<float>(i + 1), 0.0F, -1.0F));
     }
 }
 
