@@ -35,7 +35,7 @@ void sync_destroy_device(sync_device* device);
 /// value (float), type (int8).
 const sync_track* sync_get_track(sync_device* device, const char* name);
 
-/// `text` with all but ASCII letters, digits and `.`, `/`, `_` written as `-` and two hexadecimal digits.
+/// `text` with all but ASCII letters, digits and "./_" written as `-` and two hexadecimal digits.
 /// Cut to 4095 characters. The result is valid until the next call.
 const char* path_encode(const char* text);
 
