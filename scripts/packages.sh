@@ -11,6 +11,8 @@ video_packages=(ffmpeg)
 test_packages=(ffmpeg libgmock-dev libgtest-dev python3-gi python3-numpy vorbis-tools)
 look_packages=(clang-format git shellcheck)
 lint_packages=(clang-tidy doxygen)
+clang_packages=(clang)
+tsan_packages=(libtsan2)
 art_packages=(
     bc blender csound ffmpeg fonts-bebas-neue fonts-league-spartan fonts-leckerli-one fonts-yanone-kaffeesatz
     gir1.2-pango-1.0 optipng python3-gi python3-gi-cairo python3-numpy python3-openvdb python3-pil vorbis-tools zopfli)
