@@ -8,7 +8,7 @@ build_packages=(
     libsdl2-mixer-dev libspng-dev libsquish-dev libstb-dev libvorbis-dev libxxhash-dev
     libegl1 libgl1-mesa-dri libglx-mesa0 libgl1)
 video_packages=(ffmpeg)
-test_packages=(ffmpeg libgmock-dev libgtest-dev python3-gi python3-numpy vorbis-tools)
+test_packages=(ccache ffmpeg libgmock-dev libgtest-dev python3-gi python3-numpy vorbis-tools)
 look_packages=(clang-format git shellcheck)
 lint_packages=(clang-tidy doxygen)
 clang_packages=(clang)
