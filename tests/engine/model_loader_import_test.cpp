@@ -40,7 +40,7 @@ protected:
     {
         scene.mNumMeshes = 1;
         scene.mMeshes = new aiMesh* [1] {
-            new aiMesh // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the scene frees it
+            new aiMesh
         };
         scene.mRootNode = new aiNode;
         scene.mRootNode->mNumMeshes = 1;

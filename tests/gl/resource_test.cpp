@@ -104,13 +104,13 @@ TYPED_TEST(PlainHandle, IsInvalidAfterBeingMovedFrom)
     TypeParam handle(7);
     const TypeParam moved(std::move(handle));
     EXPECT_EQ(moved.get(), 7);
-    EXPECT_EQ(handle.get(), -1); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(handle.get(), -1); // NOLINT(bugprone-use-after-move)
 
     TypeParam second(8);
     TypeParam assigned(9);
     assigned = std::move(second);
     EXPECT_EQ(assigned.get(), 8);
-    EXPECT_EQ(second.get(), -1); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(second.get(), -1); // NOLINT(bugprone-use-after-move)
 }
 
 TYPED_TEST(PlainHandle, StaysAsItIsWhenMovedToItself)
@@ -155,16 +155,16 @@ TEST(Texture, KeepsItsTypeWhenMovedFrom)
     const zund::Texture moved(std::move(texture));
     EXPECT_EQ(moved.get(), 5);
     EXPECT_EQ(moved.getType(), 0x0DE1U);
-    EXPECT_EQ(texture.get(), -1);          // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
-    EXPECT_EQ(texture.getType(), 0x0DE1U); // NOLINT(clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(texture.get(), -1); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(texture.getType(), 0x0DE1U);
 
     zund::Texture second(6, GL_TEXTURE_1D);
     zund::Texture assigned;
     assigned = std::move(second);
     EXPECT_EQ(assigned.get(), 6);
     EXPECT_EQ(assigned.getType(), 0x0DE0U);
-    EXPECT_EQ(second.get(), -1);          // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
-    EXPECT_EQ(second.getType(), 0x0DE0U); // NOLINT(clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(second.get(), -1); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(second.getType(), 0x0DE0U);
 }
 
 TEST(Texture, StaysAsItIsWhenMovedToItself)
@@ -220,8 +220,8 @@ TEST(VertexArray, KeepsCountAndFlagsWhenMovedFrom)
     EXPECT_EQ(moved.get(), 4);
     EXPECT_EQ(moved.getIndexes(), 36UL);
     EXPECT_EQ(flagsOf(moved), 1);
-    EXPECT_EQ(vertexArray.get(), -1); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
-    EXPECT_EQ(vertexArray.getIndexes(), 36UL); // NOLINT(clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(vertexArray.get(), -1); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(vertexArray.getIndexes(), 36UL);
     EXPECT_EQ(flagsOf(vertexArray), 1);
 }
 
@@ -265,7 +265,7 @@ TEST(VertexBuffer, MovesNameAndFirstWordAndLeavesTheSecondWhereItIs)
     EXPECT_EQ(target.get(), 3U);
     EXPECT_EQ(layoutOf(target).words[0], 10U);
     EXPECT_EQ(layoutOf(target).words[1], 40U);
-    EXPECT_EQ(source.get(), 0U); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+    EXPECT_EQ(source.get(), 0U); // NOLINT(bugprone-use-after-move)
     EXPECT_EQ(layoutOf(source).words[0], 0U);
     EXPECT_EQ(layoutOf(source).words[1], 20U);
 }
