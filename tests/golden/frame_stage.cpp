@@ -1,5 +1,6 @@
 #include "tests/golden/frame_stage.h"
 
+#include "sync/tools.h"
 #include "tests/golden/frame_text.h"
 #include "tests/golden/still_tracks.h"
 #include "tests/support/named_assets.h"
@@ -28,7 +29,7 @@ std::string FrameStage::record(const Still& still)
     const tools::QuietOutput quiet; // loader and device have much to say
     const double time = tools::timeline::timeOfRow(still.row);
     const pack::Packfile pack("assets/assets.pack");
-    const tolv::SyncDevice sync("assets/sync", 128.0, 16);
+    const tolv::SyncDevice sync("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     RecordingRenderer renderer;
     const std::unique_ptr<ShowScene> scene = makeScene(*still.scene, renderer, pack, sync, frameSize);
     scene->update(time);

@@ -1,5 +1,6 @@
 #include "tests/scenes/scene_stage.h"
 
+#include "sync/tools.h"
 #include "tests/engine/matrices.h"
 #include "tests/scenes/track_watch.h"
 #include "tests/support/named_assets.h"
@@ -115,7 +116,7 @@ lumeth::Scene& SceneStage::build(const catalogue::Scene& row, const TrackValues&
 {
     show.reset(); // before the device that it may hold tracks of
     writeTracks(folder, values);
-    sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
+    sync = std::make_unique<tolv::SyncDevice>("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
     show = makeScene(row, renderer, *assets, *sync, size);
     return show->scene();
 }

@@ -1,5 +1,6 @@
 // The scenes as pictures of the real driver, from boxes and bars in place of models and textures.
 
+#include "sync/tools.h"
 #include "tests/gl/offscreen_renderer.h"
 #include "tests/standins/stand_ins.h"
 #include "tests/support/show_scene.h"
@@ -56,7 +57,7 @@ protected:
     {
         pack = std::make_unique<pack::Packfile>("assets/" + packFile);
         writeTracks(folder, values);
-        sync = std::make_unique<tolv::SyncDevice>("assets/sync", 128.0, 16);
+        sync = std::make_unique<tolv::SyncDevice>("assets/sync", tempo::beatsPerMinute, tempo::rowsPerBeat);
         show = makeScene(row, renderer, *pack, *sync, {width, height});
     }
 

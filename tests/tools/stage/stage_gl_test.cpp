@@ -1,7 +1,6 @@
 #include "tools/stage/stage.h"
 
 #include "scenes/catalogue.h"
-#include "tools/common/quiet_output.h"
 #include "tools/stage/hidden_window.h"
 #include "tools/stage/stage_folder.h"
 
@@ -16,7 +15,6 @@ constexpr double frameTime = 1.0 / 24.0;
 
 class StageOfScene : public testing::TestWithParam<catalogue::Scene> {
 protected:
-    tools::QuietOutput quiet;
     tools::stage::StageFolder folder{SHOW_ASSETS, {}};
     tools::stage::HiddenWindow window{size};
     float scene = GetParam().number;
