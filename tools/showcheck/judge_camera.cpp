@@ -29,6 +29,16 @@ constexpr CameraLimits limits[] = {
 };
 // clang-format on
 
+/// True if there is one row, or none for a scene without a camera.
+constexpr bool hasItsLimits(const catalogue::Scene& scene)
+{
+    const auto rows = std::count_if(std::begin(limits), std::end(limits),
+                                    [&scene](const CameraLimits& row) { return row.scene == scene.number; });
+    return rows == (scene.camera == catalogue::CameraForm::None ? 0 : 1);
+}
+static_assert(std::all_of(std::begin(catalogue::allScenes), std::end(catalogue::allScenes), hasItsLimits),
+              "a scene's camera has no limits, or two rows of them");
+
 // Less is a rounding error.
 constexpr double leastJump = 1e-3;     // units
 constexpr double leastJumpTurn = 0.05; // degrees
