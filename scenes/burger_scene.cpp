@@ -94,7 +94,10 @@ constexpr Tumble tumbles[] = { // in the order of writing; the bottom keeps stil
 };
 // clang-format on
 
-static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
+static_assert(namesAreUnique(nodes));
+static_assert(parentsStandAbove(nodes));
+static_assert(objectsExist(nodes, objects));
+static_assert(objectsAreShown(nodes, objects));
 static_assert(std::all_of(std::begin(rises), std::end(rises),
                           [](const Rise& row) { return isPath(nodes, row.node); }));
 static_assert(std::all_of(std::begin(tumbles), std::end(tumbles),

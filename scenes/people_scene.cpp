@@ -58,8 +58,10 @@ constexpr lumeth::Light lights[] = {
 };
 // clang-format on
 
-static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) &&
-              objectsExist(nodes, objects, objectsAfterTheText));
+static_assert(namesAreUnique(nodes));
+static_assert(parentsStandAbove(nodes));
+static_assert(objectsExist(nodes, objects, objectsAfterTheText));
+static_assert(objectsAreShown(nodes, objects, objectsAfterTheText));
 
 /// From a share of the swing, taken as a double, to a tilt forward.
 glm::quat tilt(float swing, double share)

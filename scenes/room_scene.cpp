@@ -71,7 +71,10 @@ constexpr lumeth::Light lights[] = {
 };
 // clang-format on
 
-static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
+static_assert(namesAreUnique(nodes));
+static_assert(parentsStandAbove(nodes));
+static_assert(objectsExist(nodes, objects));
+static_assert(objectsAreShown(nodes, objects));
 
 } // namespace
 

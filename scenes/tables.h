@@ -119,6 +119,18 @@ consteval bool objectsExist(const NodeRow (&rows)[Count], const Tables&... table
     });
 }
 
+/// True if each object of the tables is shown by a node. One that is not would be loaded for nothing.
+template<std::size_t Count, typename... Tables>
+consteval bool objectsAreShown(const NodeRow (&rows)[Count], const Tables&... tables)
+{
+    const auto isShown = [&rows](const ObjectRow& entry) {
+        return std::any_of(rows, rows + Count, [&entry](const NodeRow& row) {
+            return std::string_view(row.object) == entry.name;
+        });
+    };
+    return (std::all_of(std::begin(tables), std::end(tables), isShown) && ...);
+}
+
 /// The node at the end of a path of names, "toilet/bowl/lid". Throws `std::out_of_range` if there is none.
 tree::Node<lumeth::DisplayListItem>& findNode(lumeth::Scene& scene, const char* path);
 

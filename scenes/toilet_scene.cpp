@@ -73,7 +73,10 @@ constexpr TextLayerRow textLayer = {-1.0F, textures::queue_main, textures::queue
 constexpr NodeRow textNode[] = {{"scroller", nullptr, "scroller", {0.0F, 0.0F, 0.0F}, none, 1.0F}};
 // clang-format on
 
-static_assert(namesAreUnique(nodes) && parentsStandAbove(nodes) && objectsExist(nodes, objects));
+static_assert(namesAreUnique(nodes));
+static_assert(parentsStandAbove(nodes));
+static_assert(objectsExist(nodes, objects));
+static_assert(objectsAreShown(nodes, objects));
 
 } // namespace
 
