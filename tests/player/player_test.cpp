@@ -339,6 +339,14 @@ constexpr SceneValue sceneValues[] = {
     {"Infinity",       std::numeric_limits<float>::infinity(), nullptr, 0},
 };
 // clang-format on
+constexpr bool isSelected(const catalogue::Scene& scene)
+{
+    return std::any_of(std::begin(sceneValues), std::end(sceneValues), [&scene](const SceneValue& row) {
+        return row.value == scene.number && row.scene != nullptr;
+    });
+}
+static_assert(std::all_of(std::begin(catalogue::allScenes), std::end(catalogue::allScenes), isSelected),
+              "a scene of the show is tried by no row");
 INSTANTIATE_TEST_SUITE_P(All, SceneSelection, testing::ValuesIn(sceneValues),
                          [](const auto& row) { return row.param.name; });
 
