@@ -1,4 +1,6 @@
-#include "tools/showcheck/picture.h"
+#include "tools/showcheck/picture_statistics.h"
+
+#include "tools/showcheck/seen_rows.h"
 
 #include <algorithm>
 #include <array>
@@ -34,14 +36,6 @@ double shareOf(std::uint32_t count, double total)
 
 } // namespace
 
-SeenRows seenRows(picture::Size size)
-{
-    // As the shader of the bars has it: a row is seen if its middle is.
-    const double bar = std::max((size.height - size.width * 27.0 / 64.0) / 2.0, 0.0);
-    const auto first = static_cast<std::uint32_t>(std::ceil(bar - 0.5));
-    return {first, size.height - first};
-}
-
 PictureStatistics measurePicture(picture::Size size, std::span<const std::uint8_t> pixels)
 {
     const Histogram histogram = luminances(size, pixels);
@@ -72,36 +66,6 @@ void judgePicture(const PictureStatistics& picture, const Place& place, Findings
     findings.add(Check::Black, place, 100.0 * picture.black, 100.0 * limits.mostBlack);
     findings.add(Check::Contrast, place, picture.deviation, limits.leastDeviation);
     findings.add(Check::OneTone, place, 100.0 * picture.commonestTone, 100.0 * limits.mostOfOneTone);
-}
-
-NearPlaneCut measureNearPlane(picture::Size size, std::span<const std::uint16_t> depths)
-{
-    const SeenRows rows = seenRows(size);
-    const std::uint32_t height = rows.end - rows.first;
-    const std::uint32_t above = height / 3; // the middle, and as much below it
-    const std::uint32_t beside = size.width / 3;
-    const std::uint32_t middleHeight = height - 2 * above;
-    const std::uint32_t middleWidth = size.width - 2 * beside;
-    std::uint32_t whole = 0;
-    std::uint32_t middle = 0;
-    for (std::uint32_t y = 0; y < height; ++y) {
-        const auto row = depths.subspan(std::size_t{rows.first + y} * size.width, size.width);
-        whole += static_cast<std::uint32_t>(std::count(row.begin(), row.end(), 0));
-        if (y >= above && y < above + middleHeight) {
-            const auto part = row.subspan(beside, middleWidth);
-            middle += static_cast<std::uint32_t>(std::count(part.begin(), part.end(), 0));
-        }
-    }
-    const double seen = static_cast<double>(height) * size.width;
-    const double seenInTheMiddle = static_cast<double>(middleHeight) * middleWidth;
-    return {shareOf(whole, seen), shareOf(middle, seenInTheMiddle)};
-}
-
-void judgeNearPlane(const NearPlaneCut& cut, const Place& place, Findings& findings,
-                    const NearPlaneLimits& limits)
-{
-    findings.add(Check::NearPlane, place, 100.0 * cut.whole, 100.0 * limits.mostOfWhole);
-    findings.add(Check::NearPlaneInTheMiddle, place, 100.0 * cut.middle, 100.0 * limits.mostOfMiddle);
 }
 
 } // namespace tools::showcheck
