@@ -116,6 +116,30 @@ TEST(DisplayListItem, TakesManySettingsInARow)
         1e-3F);
 }
 
+TEST(DisplayListItem, CarriesTheRoundingOfItsSettingsOn)
+{
+    const glm::vec3 position(1.0F, 2.0F, 3.0F);
+    const glm::vec3 scale(1.5F);
+    const DisplayListItem fresh("", position, tilted, scale);
+    DisplayListItem worn = fresh;
+    for (int i = 0; i < 100; ++i) {
+        worn.setOrientation(other);
+        worn.setOrientation(tilted);
+    }
+    EXPECT_NE(worn.localMatrix, fresh.localMatrix);
+    expectNear(worn.localMatrix, fresh.localMatrix, 1e-4F);
+}
+
+TEST(DisplayListItem, ExchangesUnevenScalesWhenItIsMovedAQuarterTurned)
+{
+    const glm::quat quarter = turn(std::acos(0.0F), glm::vec3(0.0F, 0.0F, 1.0F));
+    const glm::vec3 position(1.0F, 2.0F, 3.0F);
+    DisplayListItem item("", origin, quarter, glm::vec3(2.0F, 3.0F, 4.0F));
+    item.setPosition(position);
+    // As if it had been scaled before it was turned: what was 3 along y is 3 along x.
+    expectNear(item.localMatrix, placed(position, quarter, glm::vec3(3.0F, 2.0F, 4.0F)), 1e-5F);
+}
+
 TEST(DisplayListItem, SetsNothingElseWhenItIsMovedOrTurned)
 {
     DisplayListItem item("name", origin, identity, one);

@@ -57,6 +57,23 @@ TEST(ShaderText, NamesItsTwoGammaEncodersDifferently)
     EXPECT_THAT(shader_gamma_encode, Not(HasSubstr("gE(")));
 }
 
+TEST(ShaderText, KeepsAShiftOfColoursThatTheHorizontalBlurThrowsAway)
+{
+    const std::string blur = lumeth::getSpareEffects()[3].source;
+    EXPECT_THAT(blur, HasSubstr("vec3 offsetColors(vec2 coord)\n"));
+    EXPECT_THAT(blur, HasSubstr("    vec3 color_out = offsetColors(texcoord);\n"
+                                "    color_out = gauss_blur(texcoord, texel_size);\n"));
+}
+
+TEST(ShaderText, HandsOverANormalAndAPlaceThatAreNotRead)
+{
+    EXPECT_THAT(lumeth::Scene::material_vert, HasSubstr("vs_out.vert_normal = normal;"));
+    EXPECT_THAT(lumeth::Scene::material_vert, HasSubstr("vs_out.vert_pos = view_pos;"));
+    EXPECT_THAT(lumeth::Scene::material_frag, HasSubstr("    vec3 vert_normal;\n    vec3 vert_pos;\n"));
+    EXPECT_THAT(lumeth::Scene::material_frag, Not(HasSubstr("vs_out.vert_normal")));
+    EXPECT_THAT(lumeth::Scene::material_frag, Not(HasSubstr("vs_out.vert_pos")));
+}
+
 TEST(ShaderText, CountsAsManyLightsAsTheEngine)
 {
     const std::string define = "#define LIGHTS_MAX " + std::to_string(lumeth::LIGHTS_MAX) + "\n";

@@ -499,6 +499,20 @@ TEST_F(StockMaterial, FollowsPhongUnderTwoLights)
     }
 }
 
+TEST_F(StockMaterial, StretchesNormalsAsTheirSurface)
+{
+    object.color = glm::vec3(1.0F);
+    object.ambient = 0.0F;
+    object.specular = 0.0F;
+    // An eighth of a turn about y makes the normal (1, 0, 1), and the scale (2, 0, 1); the surface's own
+    // would then be (1, 0, 2), and the light over it a fifth weaker.
+    const glm::quat turned(0.9238795F, 0.0F, 0.3826834F, 0.0F);
+    object.modelMatrix = placed(glm::vec3(0.0F), turned, glm::vec3(2.0F, 1.0F, 1.0F));
+    addLight({4.0F * glm::normalize(glm::vec3(2.0F, 0.0F, 1.0F)), glm::vec3(1.0F), glm::vec3(0.0F)});
+    draw();
+    EXPECT_THAT(pixel(48, 32), IsPixel(0.9F, 0.9F, 0.9F, 1.0F, 2.0F * byteTolerance));
+}
+
 TEST_F(StockMaterial, LooksTheSameWithANinthLight)
 {
     for (int i = 0; i < 8; ++i) {

@@ -1,6 +1,8 @@
 // What the scenes have in common.
 
+#include "scenes/ombrel_scene.h"
 #include "tests/engine/matrices.h"
+#include "tests/gl/slots.h"
 #include "tests/scenes/scene_stage.h"
 #include "tests/scenes/track_watch.h"
 
@@ -11,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <set>
 #include <stdexcept>
+#include <type_traits>
 
 using testing::IsEmpty;
 using testing::ThrowsMessage;
@@ -281,6 +284,14 @@ TEST_P(AnyScene, ReadsItsCameraInTheFormOfItsRow)
             expectNear(camera, viewOf(eyeOf(GetParam().camera, values), target, {0.0, 1.0, 0.0}), 1e-5F);
         }
     }
+}
+
+TEST(OmbrelScene, HasOneVirtualOperationAndNoVirtualDestructor)
+{
+    EXPECT_TRUE(std::is_abstract_v<OmbrelScene>);
+    EXPECT_FALSE(std::has_virtual_destructor_v<OmbrelScene>);
+    EXPECT_EQ(slotOf(&OmbrelScene::update), 0U);
+    EXPECT_EQ(sizeof(OmbrelScene), sizeof(void*));
 }
 
 /// Where the tables of the catalogue meet.

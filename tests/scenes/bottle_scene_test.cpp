@@ -113,6 +113,19 @@ TEST_P(BottleMoment, PlacesTheCameraAsTheTracksSay)
 INSTANTIATE_TEST_SUITE_P(All, BottleMoment, testing::ValuesIn(moments),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(BottleSceneTest, IsBuiltAsARowThatNoFrameShows)
+{
+    lumeth::Scene& scene = build(camera);
+    for (int n = 0; n < 10; ++n) {
+        const glm::vec4& place = itemAt(scene, "beer" + std::to_string(n)).localMatrix[3];
+        EXPECT_EQ(place, glm::vec4(static_cast<float>(0.1 * n), 0.0F, 1.0F, 1.0F));
+    }
+    update(0.0);
+    for (int n = 0; n < 10; ++n) {
+        EXPECT_GT(itemAt(scene, "beer" + std::to_string(n)).localMatrix[3].z, 1.25F);
+    }
+}
+
 TEST_F(BottleSceneTest, StartsTheFirstBottleUnturnedOnTheRightOfTheRing)
 {
     lumeth::Scene& scene = build(camera);

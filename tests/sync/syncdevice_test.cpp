@@ -9,6 +9,7 @@
 #include "tests/sync/c_library.h"
 #include "tests/sync/track_files.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -145,6 +146,17 @@ TEST_F(SyncDeviceTest, ReadsTheSameWhateverRateItIsGiven)
             << row;
     }
     EXPECT_EQ(slower.getValue(slower.getTrack("scene"), 50.0), 0.5F);
+}
+
+TEST_F(SyncDeviceTest, HasRoomForTheCallsOfAnEditorAndForThreeValuesThatNothingReads)
+{
+    const SyncDevice::Callbacks callbacks;
+    EXPECT_FALSE(callbacks.pause);
+    EXPECT_FALSE(callbacks.setRow);
+    EXPECT_FALSE(callbacks.isPlaying);
+    constexpr std::size_t rate = sizeof(double) + sizeof(double); // the second is an int, padded
+    constexpr std::size_t unread = 3 * sizeof(std::uint64_t);
+    EXPECT_EQ(sizeof(SyncDevice), rate + sizeof(sync_device*) + sizeof(callbacks) + unread);
 }
 
 TEST(SyncTrackTest, StartsWithoutATrack)
