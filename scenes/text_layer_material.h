@@ -19,7 +19,7 @@ public:
                                                                    double time) override;
 
 private:
-    [[maybe_unused]] float aspect; ///< kept, not used
+    [[maybe_unused]] float aspect; ///< not used: what is drawn in clip space needs none
     [[maybe_unused]] zund::Uniform
         uniform; ///< never looked up: that would be another call to the driver for each layer
     zund::Uniform timeUniform;

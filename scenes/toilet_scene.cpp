@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    [[maybe_unused]] float aspect; ///< kept, not used
+    [[maybe_unused]] float aspect; ///< not used: what is drawn in clip space needs none
     zund::Uniform tex_color;
     zund::Uniform tex_normal;
     zund::Uniform time;

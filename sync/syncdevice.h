@@ -44,7 +44,7 @@ private:
     [[maybe_unused]] int rowsPerBeat;
     sync_device* device = nullptr;
     Callbacks callbacks;
-    // Three that nothing reads.
+    // Nothing reads these three, which are part of its size.
     [[maybe_unused]] bool flag = false;
     [[maybe_unused]] std::uint64_t word0 = 0;
     [[maybe_unused]] std::uint64_t word1 = 0;
