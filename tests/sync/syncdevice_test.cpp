@@ -156,7 +156,7 @@ TEST_F(SyncDeviceTest, HasRoomForTheCallsOfAnEditorAndForThreeValuesThatNothingR
     EXPECT_FALSE(callbacks.isPlaying);
     constexpr std::size_t rate = sizeof(double) + sizeof(double); // the second is an int, padded
     constexpr std::size_t unread = 3 * sizeof(std::uint64_t);
-    EXPECT_EQ(sizeof(SyncDevice), rate + sizeof(sync_device*) + sizeof(callbacks) + unread);
+    EXPECT_EQ(sizeof(SyncDevice), rate + sizeof(void*) + sizeof(callbacks) + unread);
 }
 
 TEST(SyncTrackTest, StartsWithoutATrack)
