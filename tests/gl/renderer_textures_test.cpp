@@ -38,6 +38,13 @@ void PrintTo(const Operation& operation, std::ostream* out)
     *out << operation.name;
 }
 
+/// The call that uploads a face of the cube map.
+std::string uploadOfFace(int face)
+{
+    return "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + " + std::to_string(face) +
+           ", 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, 8, 0, 32, data)";
+}
+
 std::vector<Operation> operations()
 {
     Texture texture1d(11, GL_TEXTURE_1D);
@@ -124,25 +131,10 @@ std::vector<Operation> operations()
          {"zund: texture binding failed", "zund: texture upload failed"}},
         {"uploadCubemap",
          [cubeMap](RendererImpl& r) mutable { r.uploadCubemap(cubeMap, 8, 8, cubeFaces); },
-         {"glBindTexture(GL_TEXTURE_CUBE_MAP, 13)", "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 0, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 1, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 2, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 3, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 4, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()",
-          "glCompressedTexImage2D(GL_TEXTURE_CUBE_MAP_POSITIVE_X + 5, 0, GL_COMPRESSED_RGB_S3TC_DXT1_EXT, 8, "
-          "8, 0, 32, data)", // NOLINT(bugprone-suspicious-missing-comma): one call
-          "glGetError()", "glBindTexture(GL_TEXTURE_CUBE_MAP, 0)"},
+         {"glBindTexture(GL_TEXTURE_CUBE_MAP, 13)", "glGetError()", uploadOfFace(0), "glGetError()",
+          uploadOfFace(1), "glGetError()", uploadOfFace(2), "glGetError()", uploadOfFace(3), "glGetError()",
+          uploadOfFace(4), "glGetError()", uploadOfFace(5), "glGetError()",
+          "glBindTexture(GL_TEXTURE_CUBE_MAP, 0)"},
          {"zund: texture binding failed", "zund: texture upload failed", "zund: texture upload failed",
           "zund: texture upload failed", "zund: texture upload failed", "zund: texture upload failed",
           "zund: texture upload failed"}},
@@ -282,7 +274,7 @@ TEST_F(RendererTextures, RejectAnInvalidHandleBeforeAnyCall)
 
 TEST_F(RendererTextures, RejectACubeMapUploadToAnotherTypeBeforeAnyCall)
 {
-    for (const unsigned int type : {GL_TEXTURE_2D, GL_TEXTURE_1D, 0}) {
+    for (const unsigned int type : {GLenum{GL_TEXTURE_2D}, GLenum{GL_TEXTURE_1D}, GLenum{GL_NONE}}) {
         Texture other(12, type);
         EXPECT_THAT([&] { renderer.uploadCubemap(other, 4, 4, cubeFaces); },
                     ThrowsMessage<zund::Exception>("zund: not a cube map!"));

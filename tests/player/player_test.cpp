@@ -45,12 +45,10 @@ Calls outline(const Calls& calls)
         } else if (!call.starts_with("gl") || !leftOut || call.starts_with("glDelete")) {
             lines.push_back(call);
         }
-        if (call.starts_with("Mix_PlayMusic")) {
+        if (call.starts_with("Mix_PlayMusic") || call == "drawn") {
             leftOut = false;
         } else if (call.starts_with("draw(")) {
             leftOut = true;
-        } else if (call == "drawn") {
-            leftOut = false;
         }
     }
     return lines;
