@@ -24,7 +24,7 @@ FrameStage::FrameStage()
     folder.enter();
 }
 
-std::string FrameStage::record(const Still& still)
+std::string FrameStage::record(const Still& still) const
 {
     const tools::QuietOutput quiet; // loader and device have much to say
     const double time = tools::timeline::timeOfRow(still.row);

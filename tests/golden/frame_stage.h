@@ -12,8 +12,8 @@ public:
     FrameStage();
 
     /// The frame as `frameText` tells it. The scene is made for it, so that it is the same whatever was
-    /// recorded before.
-    static std::string record(const Still& still);
+    /// recorded before. Works in the folder of this stage.
+    [[nodiscard]] std::string record(const Still& still) const;
 
 private:
     ShowFolder folder;
