@@ -8,6 +8,12 @@ HINGE = (0.0, 0.1, -1.7)
 HALF_WIDTH, FRONT, BACK = 1.3, 1.68, -1.5  # of the seat: an egg, whose halves meet at z 0
 SEAT_TOP = 0.09
 
+# Along the hinge's pin, from its middle to both sides: a barrel of the lid, an eye of the seat, a post.
+PIN_RADIUS, PIN_HALF = 0.07, 1.09
+BARREL_AT, BARREL_HALF, BARREL_RADIUS = 0.35, 0.21, 0.13
+EYE_AT, EYE_HALF, EYE_RADIUS = 0.7, 0.1, 0.125
+POST_AT, POST_HALF = 0.95, 0.12
+
 
 def egg_ring(count, grown=0.0, height=0.0):
     """The outline, or one that much wider, as points for a loft. Those of different widths belong together."""

@@ -1,5 +1,6 @@
-"""The lid of the toilet: soft as a pillow, with a thumb's grip in front, buffers underneath and two barrels that the
-hinge's pin goes through. Its origin is the hinge; closed, it lies to the front; a negative turn about x opens it."""
+"""The lid of the toilet: a soft board with a shallow recess above and a rim underneath, a thumb's grip in front, buffers
+and two barrels that the hinge's pin goes through. Its origin is the hinge; closed, it lies to the front; a negative
+turn about x opens it."""
 
 import math
 
@@ -8,39 +9,37 @@ import numpy as np
 from kit import mesh, model, shapes, uv
 from models import toilet_kit as kit
 
-ROUND = 96
+ROUND = 108
 GROWN = 0.02  # wider than the seat
-UNDERSIDE, EDGE_RADIUS = 0.06, 0.105  # height over the hinge; of the rim
-CROWN, HOLLOW = 0.17, 0.06  # how much the middle rises above the rim, outside and underneath
-SHARES = [0.97, 0.92, 0.84, 0.74, 0.62, 0.5, 0.37, 0.24, 0.1]  # of the way from the middle to the rim
-STEEPNESS = 2.2  # of the pillow: higher is flatter in the middle
+# (inset from the edge, height over the hinge), from the middle of the underside over its rim and round the edge, over
+# the shoulder and down into the recess of the upper side.
+UNDERSIDE = [(0.66, 0.142), (0.46, 0.138), (0.34, 0.13), (0.265, 0.112), (0.23, 0.075), (0.205, 0.045),
+             (0.165, 0.031), (0.11, 0.028), (0.055, 0.036), (0.018, 0.062)]
+UPPER_SIDE = [(0.0, 0.115), (0.012, 0.165), (0.05, 0.211), (0.12, 0.242), (0.21, 0.263), (0.3, 0.271), (0.36, 0.265),
+              (0.405, 0.247), (0.445, 0.226), (0.49, 0.213), (0.56, 0.208), (0.66, 0.209)]
+UNDER_CROWN, UPPER_CROWN = 0.012, 0.02  # how much the middles rise, so that the light runs over them
+SHARES = [0.86, 0.7, 0.53, 0.35, 0.17]  # of the way from the middle to the last ring
 
-BUFFERS = [(0.78, 2.6), (0.98, 1.1)]  # to both sides
-BUFFER_FOOT = 0.012  # over the hinge: a hair over the seat
-BARREL_AT, BARREL_HALF, BARREL_RADIUS = 0.4, 0.25, 0.15
-ARM_SIZE, ARM_AT = (0.46, 0.17, 0.62), (0.4, 0.1, 0.24)
-GRIP_RADII, GRIP_AT = (0.36, 0.088, 0.21), (0.0, UNDERSIDE + EDGE_RADIUS, 3.25)
+BUFFERS = [(0.79, 2.6), (1.05, 1.1)]  # to both sides
+BUFFER_FOOT = 0.0  # over the hinge: a hair over the seat
+ARM_SIZE, ARM_AT = (0.34, 0.12, 0.4), (0.12, 0.17)
+GRIP_RADII, GRIP_AT = (0.4, 0.07, 0.18), (0.0, 0.15, 3.28)
 
 
-def pillow():
-    """Egg-shaped rings, from the middle of the underside round the rim to the middle of the upper side."""
-    # The rim's arc ends where it is as steep as the pillow that goes on from there.
-    low, high = (math.atan(STEEPNESS * rise / kit.HALF_WIDTH) for rise in (HOLLOW, CROWN))
-    arc = [(EDGE_RADIUS * (1 - math.cos(angle)), UNDERSIDE + EDGE_RADIUS * (1 + math.sin(angle)))
-           for angle in np.linspace(-math.pi / 2 - low, math.pi / 2 - high, 12)]
+def board():
+    """Egg-shaped rings, from the middle of the underside round the edge to the middle of the upper side."""
 
-    def side(inset, height, rise):
-        rows = []
+    def middle(inset, height, crown):
         for share in SHARES:
             points = kit.egg_ring(ROUND, GROWN - inset) * share
-            points[:, 1] = height + rise * (1 - share ** STEEPNESS)
-            rows.append(points)
-        return rows
+            points[:, 1] = height + crown * (1 - share * share)
+            yield points
 
-    rings = side(*arc[0], HOLLOW)[::-1]
-    rings += [kit.egg_ring(ROUND, GROWN - inset, height) for inset, height in arc]
-    rings += side(*arc[-1], CROWN)
-    return mesh.move(shapes.loft(rings, name="pillow"), z=-kit.HINGE[2])
+    rings = list(middle(*UNDERSIDE[0], UNDER_CROWN))[::-1]
+    rings += [kit.egg_ring(ROUND, GROWN - inset, height)
+              for inset, height in shapes.smooth_profile(UNDERSIDE + UPPER_SIDE, steps=2)]
+    rings += middle(*UPPER_SIDE[-1], UPPER_CROWN)
+    return mesh.move(shapes.loft(rings, name="board"), z=-kit.HINGE[2])
 
 
 def grip():
@@ -50,28 +49,31 @@ def grip():
 
 
 def hinges():
-    """Arms that come out of the rim, and the barrels at their ends."""
-    profile = [(0.0, -BARREL_HALF), (0.75, -BARREL_HALF), (0.92, -BARREL_HALF + 0.015), (1.0, -BARREL_HALF + 0.05)]
+    """Arms that come out of the edge, and the barrels at their ends; stubs of the pin stand out of these."""
+    half = kit.BARREL_HALF
+    profile = [(0.0, -half - 0.035), (kit.PIN_RADIUS + 0.004, -half - 0.035), (kit.PIN_RADIUS + 0.004, -half),
+               (0.82 * kit.BARREL_RADIUS, -half), (0.95 * kit.BARREL_RADIUS, -half + 0.014),
+               (kit.BARREL_RADIUS, -half + 0.045)]
     profile += [(radius, -height) for radius, height in reversed(profile)]
     for side in (-1, 1):
-        barrel = shapes.lathe([(radius * BARREL_RADIUS, height) for radius, height in profile], segments=26)
-        yield mesh.move(mesh.turn(barrel, "Z", 90), side * BARREL_AT)
-        arm = shapes.box(ARM_SIZE, (side * ARM_AT[0], *ARM_AT[1:]), radius=0.08, segments=4)
-        yield uv.unfold(mesh.weighted_normals(arm))
+        barrel = shapes.lathe(profile, segments=30)
+        yield mesh.move(mesh.turn(barrel, "Z", 90), side * kit.BARREL_AT)
+        arm = mesh.turn(shapes.box(ARM_SIZE, radius=0.05, segments=4), "X", 4)
+        yield uv.unfold(mesh.weighted_normals(mesh.move(arm, side * kit.BARREL_AT, *ARM_AT)))
 
 
 def buffers():
     """Rubber feet, which clap on the seat."""
-    profile = shapes.smooth_profile([(0.09, BUFFER_FOOT), (0.115, BUFFER_FOOT + 0.015), (0.13, BUFFER_FOOT + 0.05),
-                                     (0.15, 0.18)], steps=3)
+    profile = shapes.smooth_profile([(0.075, BUFFER_FOOT), (0.096, BUFFER_FOOT + 0.012), (0.105, BUFFER_FOOT + 0.04),
+                                     (0.1, 0.1)], steps=3)
     for x, z in BUFFERS:
         for side in (-1, 1):
-            foot = shapes.lathe([(0.0, BUFFER_FOOT)] + profile, 20)
+            foot = shapes.lathe([(0.0, BUFFER_FOOT)] + profile + [(0.0, 0.1)], 20)
             yield mesh.move(foot, side * x, 0.0, z)
 
 
 def build():
-    parts = [mesh.freeze_normals(mesh.smooth(part, 50)) for part in (pillow(), grip(), *hinges(), *buffers())]
+    parts = [mesh.freeze_normals(mesh.smooth(part, 50)) for part in (board(), grip(), *hinges(), *buffers())]
     return mesh.join(parts, "toilet_lid")
 
 
