@@ -1,21 +1,30 @@
 """The bottom bun: baked flat on the tray, bulging sides, toasted where it was cut."""
 
-from kit import mesh, model
+import numpy as np
+
+from kit import model, shapes, uv
 from models import burger_kit as burger
 
-CUT_RADIUS = 1.97
+VERTICES = 9800
 LOW, HIGH = burger.BOTTOM
-# (radius, height) of the crust, from the tray up over the side to the toasted edge.
-CRUST = [(1.62, LOW), (1.78, LOW + 0.03), (1.93, LOW + 0.13), (2.05, LOW + 0.31), (2.10, LOW + 0.52),
-         (2.09, LOW + 0.70), (2.06, HIGH - 0.09), (2.02, HIGH - 0.015), (CUT_RADIUS, HIGH)]
+PORES_WITHIN = 1.84
+# (radius, height) from the tray up over the side, over the toasted edge of the cut and down into its flat middle.
+TRAY = [(0.0, LOW + 0.04), (1.2, LOW + 0.035), (1.55, LOW + 0.014)]
+CRUST = [(1.66, LOW + 0.01), (1.8, LOW + 0.035), (1.95, LOW + 0.14), (2.065, LOW + 0.33), (2.105, LOW + 0.54),
+         (2.08, LOW + 0.73), (2.035, HIGH - 0.085), (1.99, HIGH - 0.02), (1.93, HIGH + 0.004), (1.86, HIGH - 0.004)]
+CUT = [(1.7, HIGH - 0.025), (1.3, HIGH - 0.045), (0.0, HIGH - 0.05)]
+PROFILE = TRAY + shapes.smooth_profile(CRUST, 9) + CUT
 
 
 def build():
-    cut = burger.cut_face(CUT_RADIUS, HIGH, 22)
-    made = burger.bun(burger.cut_face(1.62, LOW, 6) + burger.crust(CRUST) + cut[::-1], "bun")
-    made = burger.crumb(made, HIGH, CUT_RADIUS, -1, seed=2)
-    made = burger.wobble(made, LOW, HIGH, amount=0.09, seed=2)
-    return mesh.smooth(made)
+    found = burger.pores(PORES_WITHIN, seed=2)
+
+    def field(points):
+        up = np.clip((points[..., 1] - HIGH + 0.13) / 0.1, 0, 1)
+        bread = burger.baked(points, PROFILE, seed=2) + up * burger.toasted(points, 31)
+        return burger.pitted(points, bread, found, points[..., 1] > HIGH - 0.35)
+
+    return uv.wrap(burger.bread_mesh(field, LOW, HIGH, VERTICES, "bun"))
 
 
 if __name__ == "__main__":

@@ -1,110 +1,133 @@
 """What the layers of the burger have in common: their places in the stack, baked dough, and the patty's outline.
 
 All layers share one origin, the middle of the closed box. The second patty and the second slice of cheese are the same
-models half a unit higher, so everything from the first patty up to the middle slice is half a unit high.
+models half a unit higher. Together the layers of one step are thicker than that: bread and meat are thickest in their
+middles and press into each other there, where nobody sees it; at the rims they only touch.
 """
 
 import math
-import random
 
 import numpy as np
-from mathutils import Vector, noise
 
-from kit import mesh, sdf, shapes
+from kit import sdf
 
 RADIUS = 2.1  # of the buns, at their widest
 
-# (underside, upper side) of each layer; they sink into each other by a hair's breadth.
+# (underside, upper side) of each layer at its rim.
 BOTTOM = (-1.40, -0.47)
-STEAK = (-0.50, -0.24)
-CHEESE = (-0.265, -0.185)
-MIDDLE = (-0.20, 0.02)
-TOP = (0.30, 1.41)
+STEAK = (-0.505, -0.195)
+CHEESE = (-0.20, -0.12)
+MIDDLE = (-0.13, 0.125)
+TOP = (0.345, 1.43)
 
-SEGMENTS = 112  # of the buns, once round
+BREAD_CELL = 0.043
+
+
+def waves(points, length, seed, terms=9):
+    """Soft noise, about -1..1, that repeats nowhere near: waves of about that length from all sides."""
+    chance = np.random.default_rng(seed)
+    total = np.zeros(points.shape[:-1], np.float32)
+    for _ in range(terms):
+        way = chance.normal(size=3)
+        way *= 2 * math.pi / (np.linalg.norm(way) * length * chance.uniform(0.7, 1.5))
+        total += np.sin(points @ way.astype(np.float32) + chance.uniform(0, 2 * math.pi))
+    return total / math.sqrt(terms)
+
+
+def round_waves(angle, seed, turns):
+    """Soft noise of an angle."""
+    chance = np.random.default_rng(seed)
+    return sum(np.sin(turn * angle + chance.uniform(0, 2 * math.pi)) for turn in turns) / math.sqrt(len(turns))
 
 
 # --- buns ---------------------------------------------------------------------------------------------------------
 
 
-def cut_face(radius, height, rings):
-    """The profile of a flat cut, from the middle outwards; its rings are there to be dented by `crumb`."""
-    return [(radius * ring / rings, height) for ring in range(rings)]
+def outline_distance(out, height, profile):
+    """The signed distance in the plane to a closed outline; one that begins and ends on the axis is closed behind it."""
+    line = np.asarray([(-0.8, profile[0][1]), *profile, (-0.8, profile[-1][1])], np.float32)
+    nearest = np.full(out.shape, np.inf, np.float32)
+    inside = np.zeros(out.shape, bool)
+    for (ax, ay), (bx, by) in zip(line, np.roll(line, -1, axis=0)):
+        run_x, run_y = bx - ax, by - ay
+        share = np.clip(((out - ax) * run_x + (height - ay) * run_y) / (run_x ** 2 + run_y ** 2), 0, 1)
+        nearest = np.minimum(nearest, np.hypot(out - ax - share * run_x, height - ay - share * run_y))
+        if ay != by:
+            crossed = (height < ay) != (height < by)
+            inside ^= crossed & (out < ax + (height - ay) * run_x / run_y)
+    return np.where(inside, -nearest, nearest)
 
 
-def crust(points, steps=5):
-    """The profile of a crust, a soft curve through points. One that ends over the middle ends level there."""
-    if points[-1][0] > 0:
-        return shapes.smooth_profile(points, steps)
-    across = (-points[-2][0], points[-2][1])
-    curve = shapes.smooth_profile([*points, across], steps)[:-steps]
-    return [*curve[:-1], (0.0, curve[-1][1])]
+def baked(points, profile, seed, uneven=0.03):
+    """Distance to a bun with that outline: not quite round anywhere, as what rises in an oven."""
+    angle = np.arctan2(points[..., 0], points[..., 2])
+    wide = 1 + 0.02 * round_waves(angle, seed, (1, 2, 3)) + 0.016 * waves(points, 2.2, seed + 1)
+    height = points[..., 1] - uneven * waves(points, 2.6, seed + 2)
+    return outline_distance(np.hypot(points[..., 0], points[..., 2]) / wide, height, profile)
 
 
-def bun(profile, name):
-    return shapes.lathe(profile, SEGMENTS, name)
+# (how many, smallest, largest radius) of the pores of the crumb.
+PORES = ((10, 0.13, 0.19), (46, 0.075, 0.11), (150, 0.042, 0.06))
 
 
-def wobble(target, lowest, highest, amount=0.07, seed=1):
-    """Makes a turned bun a baked one: it is not quite round, and its crust swells and sinks a little.
-
-    The cut faces, at `lowest` or `highest` (None where there is none), stay flat so that the stack stands.
-    """
-    offset = Vector((seed * 5.3, seed * 2.9, seed * 8.1))
-
-    def fade(height, end):
-        return 1.0 if end is None else min(1.0, abs(height - end) / 0.25)
-
-    def bake(position):
-        out = math.hypot(position.x, position.z)
-        angle = math.atan2(position.x, position.z)
-        lopsided = 0.018 * math.sin(2 * angle + seed) + 0.012 * math.sin(3 * angle + 2.1 * seed)
-        swelling = noise.noise(position * 0.55 + offset) + 0.4 * noise.noise(position * 1.3 + offset)
-        free = fade(position.y, lowest) * fade(position.y, highest)
-        wide = 1 + lopsided + amount * 0.35 * swelling * min(1.0, out)
-        return Vector((position.x * wide, position.y + amount * 0.6 * swelling * free, position.z * wide))
-
-    return mesh.displace(target, bake)
-
-
-def pores(radius, count, chance):
-    """(x, z, radius) of dents that do not touch, spread over a disc."""
+def pores(radius, seed):
+    """(x, z, radius) of the pores of a cut face, thrown so that none touches another, in drifts."""
+    chance = np.random.default_rng(seed)
     found = []
-    for _ in range(60 * count):
-        out, angle = radius * math.sqrt(chance.random()) * 0.9, chance.uniform(0, 2 * math.pi)
-        x, z, size = out * math.sin(angle), out * math.cos(angle), 0.12 + 0.11 * chance.random() ** 2
-        if all(math.hypot(x - other[0], z - other[1]) > 1.15 * (size + other[2]) for other in found):
-            found.append((x, z, size))
-        if len(found) == count:
-            break
-    return np.asarray(found)
+    for count, least, most in PORES:
+        kept = 0
+        for _ in range(120 * count):
+            size = chance.uniform(least, most)
+            out, angle = (radius - size) * math.sqrt(chance.random()), chance.uniform(0, 2 * math.pi)
+            x, z = out * math.sin(angle), out * math.cos(angle)
+            drift = waves(np.array([x, 0.0, z], np.float32), 1.3, seed + 50)
+            if drift < chance.uniform(-1.4, 0.5):
+                continue
+            if all(math.hypot(x - other_x, z - other_z) > 1.12 * (size + other) + 0.015
+                   for other_x, other_z, other in found):
+                found.append((x, z, size))
+                kept += 1
+                if kept == count:
+                    break
+    return found
 
 
-def crumb(target, height, radius, inwards, seed=1):
-    """Gives the cut face at `height` the pores of the crumb; towards the crust it stands up a little, toasted.
+def pitted(points, bread, found, face):
+    """A cut face with its pores: bubbles that the knife opened, each of two that had grown together. `face`: where the
+    points belong to it. They follow the face, however it is warped."""
+    distance = bread.copy()
+    for number, (x, z, size) in enumerate(found):
+        near = face & (np.abs(points[..., 0] - x) < 2.2 * size) & (np.abs(points[..., 2] - z) < 2.2 * size)
+        near &= np.abs(bread) < 2 * size
+        if near.any():
+            seen = np.stack((points[near][:, 0] - x, bread[near] - 0.16 * size, points[near][:, 2] - z), -1)
+            turn, long = 2.4 * number, 0.75 + 0.3 * math.sin(3.7 * number) ** 2
+            along, away = np.array((math.sin(turn), 0.0, math.cos(turn))), 0.42 * size
+            bubble = sdf.meet(sdf.ellipsoid(seen, along * away, (size * 0.72, size * 0.8 * long, size * 0.72)),
+                              sdf.ellipsoid(seen, -along * away, (size * 0.55, size * 0.62 * long, size * 0.55)),
+                              0.25 * size)
+            distance[near] = sdf.cut(distance[near], bubble, 0.22 * size)
+    return distance
 
-    `inwards`: 1 if the bread is above the cut, -1 if it is below.
-    """
-    dents = pores(radius, 70, random.Random(seed))
-    offset = Vector((0, 7.0 * seed, 0))
 
-    def press(position):
-        out = math.hypot(position.x, position.z)
-        if abs(position.y - height) > 0.02 or out > radius:
-            return position
-        share = ((position.x - dents[:, 0]) ** 2 + (position.z - dents[:, 1]) ** 2) / dents[:, 2] ** 2
-        dent = float((np.maximum(0.0, 1 - share) ** 2 * dents[:, 2] * 0.5).max())
-        sunk = 0.022 * min(1.0, max(0.0, (radius - out) / 0.2)) ** 2
-        position.y += inwards * (dent + sunk + 0.008 * noise.noise(position * 1.6 + offset))
-        return position
+def toasted(points, seed):
+    """What the grill did to a cut face: fine unevenness, to be added to a distance."""
+    return 0.008 * waves(points, 0.5, seed) + 0.004 * waves(points, 0.25, seed + 1)
 
-    return mesh.displace(target, press)
+
+def bread_mesh(field, low, high, vertices, name):
+    """The mesh of a bun between two heights, finest where it has pores."""
+    reach = RADIUS + 0.25
+    made = sdf.to_mesh(field, (-reach, low - 0.15, -reach), (reach, high + 0.15, reach), BREAD_CELL, name)
+    return sdf.thin_out(made, field, vertices, BREAD_CELL)
 
 
 # --- patty --------------------------------------------------------------------------------------------------------
 
-PATTY_RADIUS = 2.12
-RIM_WAVES = ((2, 0.035, 0.4), (3, 0.03, 1.9), (5, 0.035, 0.9), (8, 0.022, 3.0), (13, 0.016, 1.1))  # a turn, height, at
+PATTY_RADIUS = 2.1
+PATTY_CROWN = 0.03  # how much thicker than its rim it is in its middle, on either side
+RIM_WAVES = ((1, 0.03, 2.2), (2, 0.035, 0.4), (3, 0.03, 1.9), (5, 0.035, 0.9), (8, 0.024, 3.0), (13, 0.018, 1.1),
+             (21, 0.012, 0.2))  # a turn, height, at
 
 
 def patty(points, swollen=0.0):
@@ -114,17 +137,18 @@ def patty(points, swollen=0.0):
     """
     angle = np.arctan2(points[..., 0], points[..., 2])
     rim = PATTY_RADIUS + sum(height * np.sin(turns * angle + at) for turns, height, at in RIM_WAVES)
-    half = (STEAK[1] - STEAK[0]) / 2
-    edge = half * 0.92
-    beyond = np.stack((np.hypot(points[..., 0], points[..., 2]) - (rim - edge),
-                       np.abs(points[..., 1] - sum(STEAK) / 2) - (half - edge)), -1)
+    out = np.hypot(points[..., 0], points[..., 2])
+    half = (STEAK[1] - STEAK[0]) / 2 + PATTY_CROWN * np.clip(1 - (out / PATTY_RADIUS) ** 2, 0, 1)
+    half = half * (1 + 0.12 * round_waves(angle, 5, (1, 3, 4)) * np.clip(out / PATTY_RADIUS, 0, 1) ** 2)
+    edge = half * 0.85
+    beyond = np.stack((out - (rim - edge), np.abs(points[..., 1] - sum(STEAK) / 2) - (half - edge)), -1)
     return np.linalg.norm(np.maximum(beyond, 0), axis=-1) + np.minimum(beyond.max(-1), 0) - edge - swollen
 
 
-def patty_mesh(cell, swollen=0.0, name="patty"):
-    reach = PATTY_RADIUS + 0.3
-    low, high = (-reach, STEAK[0] - 0.2, -reach), (reach, STEAK[1] + 0.2, reach)
-    return sdf.to_mesh(lambda points: patty(points, swollen), low, high, cell, name)
+def patty_mesh(field, cell, name="patty"):
+    reach = PATTY_RADIUS + 0.35
+    low, high = (-reach, STEAK[0] - 0.25, -reach), (reach, STEAK[1] + 0.25, reach)
+    return sdf.to_mesh(field, low, high, cell, name)
 
 
 def disc_uvs(target, middle, half_height):

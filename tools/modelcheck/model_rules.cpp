@@ -115,7 +115,7 @@ constexpr Placement places[] = {
     {models::burger_cheese.name,    Extent::FarZ,    0.00F,   2.75F, "it fits into the box"},
     {models::burger_middle.name,    Extent::FarX,    0.00F,   2.75F, "it fits into the box"},
     {models::burger_middle.name,    Extent::LowY,   -0.25F,   inf,   "it lies on the cheese"},
-    {models::burger_middle.name,    Extent::HighY,   -inf,    0.10F, "the second steak lies on it"},
+    {models::burger_middle.name,    Extent::HighY,   -inf,    0.20F, "the second steak presses into it"},
     {models::burger_middle.name,    Extent::FarZ,    0.00F,   2.75F, "it fits into the box"},
     {models::burger_top.name,       Extent::FarX,    0.00F,   2.75F, "it fits into the box"},
     {models::burger_top.name,       Extent::LowY,    0.20F,   inf,   "it lies on the second cheese"},
