@@ -18,7 +18,7 @@ constexpr ModelRules rules[] = {
     // name                     loads  texture          visible boundary edges, and whether normals are custom
     {models::room.name,                1, Texture::Baked,  anyNumber, true}, // cut open towards the viewer; no light bounces in it
     {models::sofa.name,                2, Texture::Baked,  0},
-    {models::sofa_legs.name,           2, Texture::None,   120}, // upper ends, inside the sofa
+    {models::sofa_legs.name,           2, Texture::None,   0},
     {models::person.name,              2, Texture::None,   0},
     {models::hat.name,                 2, Texture::None,   0},
     {models::glasses.name,             2, Texture::None,   0},
