@@ -12,10 +12,29 @@ import numpy as np
 from kit import mesh, model, sdf, shapes, uv
 
 UNDERSIDE = -1.84
-CASE_SIZE = (5.1, 3.72)
+CASE_SIZE, CASE_CORNER = (5.1, 3.72), 0.62
 CASE_Y = 0.22  # its middle
-CASE_BACK, CASE_FRONT = -0.85, 1.22
+CASE_BACK, CASE_FRONT = -0.62, 1.22
 PANEL_Z = 1.02  # of the recessed front
+BOW = 0.05  # how much the sides of the case swell
+
+# From the middle of the back to the front, (inset, z): the hump that holds the neck of the tube, in two steps, and the
+# case. Corners are as round as the inset leaves them.
+HUMP_AT = (-0.25, 0.12)  # its middle, from the case's
+HUMP = [((1.5, 1.3), 0.34, [(0.3, -1.4), (0.16, -1.395), (0.07, -1.36), (0.02, -1.29), (0.0, -1.2), (0.0, -0.95)]),
+        ((2.9, 2.3), 0.5, [(0.5, -1.1), (0.2, -1.095), (0.09, -1.065), (0.025, -1.0), (0.0, -0.9), (0.0, -0.5)])]
+CASE = [(0.5, CASE_BACK), (0.3, CASE_BACK + 0.008), (0.17, CASE_BACK + 0.05), (0.08, CASE_BACK + 0.13),
+        (0.03, CASE_BACK + 0.24), (0.005, CASE_BACK + 0.38), (0.0, CASE_BACK + 0.55),
+        (0.0, 0.42), (0.012, 0.46), (0.035, 0.478), (0.05, 0.5), (0.05, 0.53), (0.035, 0.552), (0.012, 0.57),
+        (0.0, 0.61),  # where back and front are screwed together
+        (0.0, CASE_FRONT - 0.34), (0.012, CASE_FRONT - 0.2), (0.04, CASE_FRONT - 0.11), (0.085, CASE_FRONT - 0.05),
+        (0.14, CASE_FRONT - 0.012), (0.185, CASE_FRONT), (0.225, CASE_FRONT - 0.008), (0.255, CASE_FRONT - 0.035),
+        (0.27, CASE_FRONT - 0.075), (0.278, PANEL_Z + 0.05), (0.3, PANEL_Z + 0.01), (0.34, PANEL_Z)]
+VENTS = 11  # slats on both sides of the hump
+CABLE = [(-0.62, -0.6, -1.15), (-0.62, -0.64, -1.36), (-0.62, -0.92, -1.5), (-0.66, -1.4, -1.46),
+         (-0.82, -1.72, -1.36), (-1.15, -1.795, -1.2), (-1.6, -1.797, -1.14), (-1.95, -1.795, -1.24),
+         (-2.05, -1.795, -1.4)]
+CABLE_RADIUS = 0.045
 
 SCREEN_AT = (-0.62, 0.24)
 SCREEN_SIZE = (3.3, 2.66)
@@ -29,7 +48,7 @@ CONTROLS_X = 1.76
 DIALS = [(1.42, 0.36), (0.52, 0.36)]  # y, radius
 SMALL_KNOBS = [(-0.3, -0.06), (0.3, -0.06)]  # from the middle of the controls, y
 SPEAKER = (-0.92, 0.74, 6)  # middle y, height, slats
-FEET = [(x, z) for x in (-1.9, 1.9) for z in (-0.6, 0.75)]
+FEET = [(x, z) for x in (-1.9, 1.9) for z in (-0.3, 0.75)]
 
 AERIAL_BASE = (0.55, 2.06, -0.35)
 # Both rods, from the base up; the right one has been sat on.
@@ -45,18 +64,64 @@ def facing(part, x=0.0, y=0.0, z=0.0):
     return mesh.move(mesh.turn(part, "X", 90), x, y, z)
 
 
+def skin(width, height, corner, profile, bow=0.0, name="skin"):
+    """A closed body that lies, over rounded rectangles (inset, level) from below to above, its corners always round."""
+    rings = []
+    for inset, level in profile:
+        radius = max(corner - inset, 0.12)
+        ring = []
+        for x, z in in_rows(shapes.rounded_outline(width - 2 * inset, height - 2 * inset, radius, 10)):
+            swell_x, swell_z = 1 - (2 * z / height) ** 2, 1 - (2 * x / width) ** 2
+            ring.append((x + bow * swell_x * 2 * x / width, level, z + bow * swell_z * 2 * z / height))
+        rings.append(ring)
+    return mesh.smooth(shapes.loft(rings, name=name), 60)
+
+
+def in_rows(ring, steps=7):
+    """Points on the long sides of a rounded rectangle too, so that they can swell."""
+    dense = []
+    quarter = len(ring) // 4
+    for number, (a, b) in enumerate(zip(ring, ring[1:] + ring[:1])):
+        dense.append(a)
+        if (number + 1) % quarter == 0:
+            dense += [tuple(np.asarray(a) + (np.asarray(b) - a) * step / steps) for step in range(1, steps)]
+    return dense
+
+
 def case():
-    """Like a loaf: swelling behind, a lip in front round a recessed panel."""
-    outline = shapes.rounded_outline(*CASE_SIZE, 0.62, 9)
-    profile = [(1.05, CASE_BACK - 0.42), (0.98, CASE_BACK - 0.5), (0.9, CASE_BACK - 0.42), (0.62, CASE_BACK - 0.12),
-               (0.4, CASE_BACK), (0.22, CASE_BACK + 0.06), (0.09, CASE_BACK + 0.16), (0.03, CASE_BACK + 0.3),
-               (0.0, CASE_BACK + 0.6),
-               (0.0, CASE_FRONT - 0.3), (0.012, CASE_FRONT - 0.15), (0.045, CASE_FRONT - 0.055),
-               (0.1, CASE_FRONT - 0.01),
-               (0.15, CASE_FRONT), (0.2, CASE_FRONT - 0.012), (0.235, CASE_FRONT - 0.05), (0.25, PANEL_Z + 0.03),
-               (0.28, PANEL_Z)]
-    made = shapes.plate(outline, profile, name="case")
-    return facing(mesh.smooth(made, 50), y=CASE_Y)
+    """Like a loaf: swelling sides, a groove round it, a lip in front round a recessed panel; behind, a stepped hump."""
+    made = [facing(skin(*CASE_SIZE, CASE_CORNER, CASE, BOW, "case"), y=CASE_Y)]
+    for size, corner, profile in HUMP:
+        made.append(facing(skin(*size, corner, profile, 0.03, "hump"), HUMP_AT[0], CASE_Y + HUMP_AT[1]))
+    return made
+
+
+def back():
+    """What one only sees from behind: slats over the vents, screws, and the cable to the socket in the table."""
+    made = []
+    for side in (-1, 1):
+        for slat in range(VENTS):
+            bar = mesh.turn(shapes.box((0.56, 0.085, 0.09), radius=0.03, segments=2), "X", 28)
+            y = CASE_Y + 1.15 - 2.3 * slat / (VENTS - 1)
+            made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0] + side * 1.82, y, CASE_BACK - 0.01))
+    step = HUMP[1][0]
+    for slat in range(5):
+        bar = mesh.turn(shapes.box((0.9, 0.07, 0.08), radius=0.027, segments=2), "X", 28)
+        made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0], CASE_Y + HUMP_AT[1] + 0.32 - 0.16 * slat, -1.4))
+    for x, y in [(x, y) for x in (-0.44, 0.44) for y in (-0.44, 0.44)]:
+        screw = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.09, 0.0), (0.085, 0.03), (0.05, 0.05), (0.0, 0.055)], 2), 16)
+        screw = mesh.turn(mesh.smooth(screw, 60), "X", -90)
+        made.append(mesh.move(screw, HUMP_AT[0] + x * 2 * step[0] * 0.43, CASE_Y + HUMP_AT[1] + y * 2 * step[1] * 0.42,
+                              -1.085))
+    path = shapes.smooth_profile([np.asarray(point) for point in CABLE], 5)
+    made.append(mesh.smooth(shapes.tube(path, CABLE_RADIUS, sides=10), 80))
+    sleeve = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.13, 0.0), (0.125, 0.1), (0.09, 0.14), (0.075, 0.26), (0.06, 0.28),
+                                                 (0.0, 0.28)], 2), 18)
+    made.append(mesh.move(mesh.turn(mesh.smooth(sleeve, 60), "X", -90), *CABLE[0][:2], -1.08))
+    plug = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.15, 0.0), (0.15, 0.06), (0.13, 0.12), (0.06, 0.19),
+                                                              (0.0, 0.2)], 3), 20)
+    made.append(mesh.move(mesh.smooth(plug, 60), CABLE[-1][0], UNDERSIDE - 0.005, CABLE[-1][2] + 0.02))
+    return made
 
 
 def frame_of_screen():
@@ -118,8 +183,8 @@ def dial(radius, pointer):
         fluted.append((reach * math.sin(angle), reach * math.cos(angle)))
     knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.03, 0.18), (0.07, 0.2)], bottom=False)
     ridge = shapes.box((radius * 1.5, 0.16, 0.13), (0, 0.22, 0), 0.05, 3)
-    mesh.turn(mesh.weighted_normals(ridge), "Y", pointer)
-    return [facing(mesh.smooth(part, 40) if part is not ridge else part) for part in (base, knob, ridge)]
+    mesh.turn(ridge, "Y", pointer)
+    return [facing(mesh.weighted_normals(part)) for part in (base, knob, ridge)]
 
 
 def controls():
@@ -202,7 +267,7 @@ def into_the_dark(rest):
 
 
 def build():
-    rest = [case(), frame_of_screen(), *controls(), *feet(), *aerial(), duck(), sticker()]
+    rest = [*case(), *back(), frame_of_screen(), *controls(), *feet(), *aerial(), duck(), sticker()]
     for part in rest:
         mesh.freeze_normals(part)
     rest = into_the_dark(mesh.join(rest, "set"))
