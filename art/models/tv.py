@@ -12,11 +12,11 @@ import numpy as np
 from kit import mesh, model, sdf, shapes, uv
 
 UNDERSIDE = -1.84
-CASE_SIZE, CASE_CORNER = (5.1, 3.72), 0.62
+CASE_SIZE, CASE_CORNER = (5.4, 3.76), 0.66
 CASE_Y = 0.22  # its middle
 CASE_BACK, CASE_FRONT = -0.62, 1.22
 PANEL_Z = 1.02  # of the recessed front
-BOW = 0.05  # how much the sides of the case swell
+BOW = 0.04  # how much the sides of the case swell
 
 # From the middle of the back to the front, (inset, z): the hump that holds the neck of the tube, in two steps, and the
 # case. Corners are as round as the inset leaves them.
@@ -27,9 +27,9 @@ CASE = [(0.5, CASE_BACK), (0.3, CASE_BACK + 0.008), (0.17, CASE_BACK + 0.05), (0
         (0.03, CASE_BACK + 0.24), (0.005, CASE_BACK + 0.38), (0.0, CASE_BACK + 0.55),
         (0.0, 0.42), (0.012, 0.46), (0.035, 0.478), (0.05, 0.5), (0.05, 0.53), (0.035, 0.552), (0.012, 0.57),
         (0.0, 0.61),  # where back and front are screwed together
-        (0.0, CASE_FRONT - 0.34), (0.012, CASE_FRONT - 0.2), (0.04, CASE_FRONT - 0.11), (0.085, CASE_FRONT - 0.05),
-        (0.14, CASE_FRONT - 0.012), (0.185, CASE_FRONT), (0.225, CASE_FRONT - 0.008), (0.255, CASE_FRONT - 0.035),
-        (0.27, CASE_FRONT - 0.075), (0.278, PANEL_Z + 0.05), (0.3, PANEL_Z + 0.01), (0.34, PANEL_Z)]
+        (0.0, CASE_FRONT - 0.34), (0.01, CASE_FRONT - 0.2), (0.033, CASE_FRONT - 0.11), (0.07, CASE_FRONT - 0.048),
+        (0.115, CASE_FRONT - 0.012), (0.15, CASE_FRONT), (0.185, CASE_FRONT - 0.008), (0.21, CASE_FRONT - 0.035),
+        (0.222, CASE_FRONT - 0.075), (0.228, PANEL_Z + 0.05), (0.245, PANEL_Z + 0.012), (0.275, PANEL_Z)]
 VENTS = 11  # slats on both sides of the hump
 CABLE = [(-0.62, -0.6, -1.15), (-0.62, -0.64, -1.36), (-0.62, -0.92, -1.5), (-0.66, -1.4, -1.46),
          (-0.82, -1.72, -1.36), (-1.15, -1.795, -1.2), (-1.6, -1.797, -1.14), (-1.95, -1.795, -1.24),
@@ -44,7 +44,7 @@ SCREEN_CELLS = (36, 30)
 LIT = (0.02, 0.98)  # of the map, both ways
 DARK = ((0.986, 0.997), (0.05, 0.95))  # where the rest of the set lies in the map: u, v
 
-CONTROLS_X = 1.76
+CONTROLS_X = 1.8
 DIALS = [(1.42, 0.36), (0.52, 0.36)]  # y, radius
 SMALL_KNOBS = [(-0.3, -0.06), (0.3, -0.06)]  # from the middle of the controls, y
 SPEAKER = (-0.92, 0.74, 6)  # middle y, height, slats
@@ -126,10 +126,10 @@ def back():
 
 def frame_of_screen():
     """The thick rounded mask: it rises from the panel and falls in to the glass."""
-    outline = shapes.rounded_outline(SCREEN_SIZE[0] + 0.5, SCREEN_SIZE[1] + 0.5, SCREEN_CORNER + 0.22, 9)
-    profile = [(0.0, PANEL_Z - 0.02), (0.0, PANEL_Z + 0.07), (0.02, PANEL_Z + 0.13), (0.07, PANEL_Z + 0.17),
-               (0.14, PANEL_Z + 0.18),
-               (0.19, PANEL_Z + 0.165), (0.235, PANEL_Z + 0.11), (0.27, PANEL_Z + 0.02), (0.3, PANEL_Z - 0.08)]
+    outline = shapes.rounded_outline(SCREEN_SIZE[0] + 0.44, SCREEN_SIZE[1] + 0.44, SCREEN_CORNER + 0.2, 9)
+    profile = [(0.0, PANEL_Z - 0.02), (0.0, PANEL_Z + 0.06), (0.012, PANEL_Z + 0.11), (0.045, PANEL_Z + 0.15),
+               (0.09, PANEL_Z + 0.168), (0.13, PANEL_Z + 0.165), (0.165, PANEL_Z + 0.142), (0.178, PANEL_Z + 0.125),
+               (0.19, PANEL_Z + 0.115), (0.222, PANEL_Z + 0.075), (0.245, PANEL_Z + 0.01), (0.27, PANEL_Z - 0.08)]
     made = shapes.plate(outline, profile, top=False, bottom=False, name="mask")
     return facing(mesh.smooth(made, 80), *SCREEN_AT)
 
@@ -181,7 +181,7 @@ def dial(radius, pointer):
         angle = 2 * math.pi * k / 60
         reach = radius * (1 + 0.035 * math.cos(20 * angle))
         fluted.append((reach * math.sin(angle), reach * math.cos(angle)))
-    knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.03, 0.18), (0.07, 0.2)], bottom=False)
+    knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.025, 0.175), (0.05, 0.192), (0.075, 0.197), (0.11, 0.197)], bottom=False)
     ridge = shapes.box((radius * 1.5, 0.16, 0.13), (0, 0.22, 0), 0.05, 3)
     mesh.turn(ridge, "Y", pointer)
     return [facing(mesh.weighted_normals(part)) for part in (base, knob, ridge)]
@@ -191,7 +191,7 @@ def controls():
     made = []
     back = shapes.plate(shapes.rounded_outline(1.06, 3.1, 0.2, 6), [(inset, height + 0.05) for inset, height in
                                                                   shapes.rounded_edge(0.05, 3)], bottom=False)
-    made.append(facing(mesh.weighted_normals(back), CONTROLS_X, CASE_Y + 0.0, PANEL_Z + 0.0))
+    made.append(facing(mesh.weighted_normals(back), CONTROLS_X, CASE_Y, PANEL_Z - 0.01))
     for number, (y, radius) in enumerate(DIALS):
         made += [mesh.move(part, CONTROLS_X, y, PANEL_Z + 0.04) for part in dial(radius, (35, -62)[number])]
     for x, y in SMALL_KNOBS:

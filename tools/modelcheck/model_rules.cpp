@@ -24,7 +24,7 @@ constexpr ModelRules rules[] = {
     {models::glasses.name,             2, Texture::None,   0},
     {models::coffeetable.name,         1, Texture::Baked,  64}, // the number for the queue: two sheets, back to back
     {models::beer.name,                2, Texture::Prints, 0},
-    {models::tv.name,                  1, Texture::Prints, 82}, // undersides of what stands on something or lies on its front
+    {models::tv.name,                  1, Texture::Prints, 56}, // undersides of what stands on something or lies on its front
     {models::tvtable.name,             1, Texture::Baked,  143}, // the rim towards the wall, and undersides
     {models::bigplant.name,            1, Texture::Prints, anyNumber}, // leaves are sheets with holes
     {models::flowerpot.name,           1, Texture::None,   0},
