@@ -10,7 +10,7 @@ from kit import burgerbox as box, mesh, model
 from models import burgerbox_bottom as bottom
 
 # (inset from the rim, height), from the middle of the inside down to the rim and up to the middle of the panel.
-LINING_PANEL = [(0.92, 1.50), (0.80, 1.49), (0.72, 1.455), (0.685, 1.39)]
+LINING_PANEL = [(0.97, 1.50), (0.87, 1.494), (0.79, 1.477), (0.735, 1.45), (0.70, 1.42), (0.685, 1.39)]
 LINING_WALL = [(0.19, 0.115), (0.18, 0.095), (0.125, 0.088), (0.112, 0.07), (0.105, 0.02)]
 WALL = [(0.095, box.GAP), (0.02, box.GAP), (0.006, 0.014), (0.0, 0.03), (0.0, 0.08), (0.008, 0.10), (0.03, 0.11),
         (0.085, 0.11), (0.115, 0.125), (0.135, 0.17), (0.295, 0.60), (0.305, 0.64), (0.335, 0.67), (0.36, 0.71),
@@ -18,6 +18,10 @@ WALL = [(0.095, box.GAP), (0.02, box.GAP), (0.006, 0.014), (0.0, 0.03), (0.0, 0.
 PANEL = [(0.67, 1.545), (0.74, 1.575), (0.80, 1.58), (0.93, 1.58), (0.97, 1.59), (1.00, 1.63), (1.04, 1.665),
          (1.10, 1.675)]
 PROFILE = LINING_PANEL + LINING_WALL + WALL + PANEL
+
+RIB_LOW, RIB_HIGH = (0.1518, 0.215), (0.2777, 0.5535)  # in the coloured band
+SIGN_INSET = 0.045  # of the raised sign in the printed one
+SIGN_EDGE = [(0.0, -0.012), (0.012, 0.02), (0.03, 0.036), (0.06, 0.042)]
 
 TONGUE = (1.25, 0.44, 0.2, 0.075, 0.03)  # width, height, corner, thickness, edge
 TONGUE_AT = (0.0, -0.115, 2 * box.HALF_DEPTH + 0.03)
@@ -113,6 +117,30 @@ def lay_panel(face, made, island):
             island, 0.5 + x / (2 * PANEL_REACH), 0.5 + upwards * (z - box.MIDDLE_Z) / (2 * PANEL_REACH))
 
 
+def ribs():
+    """Ribs on the walls' lower half, coloured like what they stand on."""
+    first = PROFILE.index(WALL[0]) - 1
+    rim = next(row for row, place in enumerate(PROFILE) if place == (0.135, 0.17))
+    below = sum(math.dist(*pair) for pair in zip(PROFILE[first:rim], PROFILE[first + 1:rim + 1]))
+    below += math.dist(PROFILE[rim], RIB_LOW)
+    for side, part in box.ribs(RIB_LOW, RIB_HIGH):
+        island = SIDES[side]
+        texels = island[2] / (2 * WALL_REACH)
+        for corner in part.data.uv_layers[0].data:
+            along, up = corner.uv
+            corner.uv = into(island, 0.5 + along / (2 * WALL_REACH), (below + up) * texels / island[3])
+        yield part
+
+
+def sign():
+    """The printed sign stands out of the panel a little."""
+    for part in box.sign(1.02 * 2 * PANEL_REACH / PRINT[2], SIGN_EDGE, SIGN_INSET):
+        mesh.move(part, 0.0, PANEL[-1][1], box.MIDDLE_Z)
+        for face in part.data.polygons:
+            lay_panel(face, part, PRINT)
+        yield part
+
+
 def tongue():
     """It closes over the rim of the lower half."""
     width, height, _, thickness, _ = TONGUE
@@ -133,7 +161,8 @@ def knuckle():
 
 
 def build():
-    made = mesh.face_outwards(mesh.join([shell(), tongue(), knuckle()], "burgerbox_top"))
+    made = mesh.face_outwards(mesh.join([shell(), tongue(), knuckle()], "shell"))
+    made = mesh.join([made, *ribs(), *sign()], "burgerbox_top")
     mesh.weighted_normals(made)
     return mesh.smooth(made, 60)
 
