@@ -10,7 +10,7 @@ from kit import mesh, shapes
 
 HALF_WIDTH, HALF_DEPTH = 2.6, 2.52  # of the rim; it begins at z = 0
 CORNER = 1.0
-CORNER_STEPS = 14  # even, so that the sides meet in the middle of a corner
+CORNER_STEPS = 12  # even, so that the sides meet in the middle of a corner
 MIDDLE_Z = HALF_DEPTH
 GAP = 0.008  # each half's share of the gap between the rims
 
@@ -73,7 +73,7 @@ SIDES = {"front": ((0.0, 1.0), (1.0, 0.0)), "right": ((1.0, 0.0), (0.0, -1.0)),
          "back": ((0.0, -1.0), (-1.0, 0.0)), "left": ((-1.0, 0.0), (0.0, 1.0))}
 RIB_SPACING, RIBS = 0.305, 5  # and how many to either side of the middle one
 RIB_HALF_WIDTH, RIB_HEIGHT, RIB_SUNK = 0.075, 0.042, 0.012
-RIB_ACROSS, RIB_ALONG = 8, 9
+RIB_ACROSS, RIB_ALONG = 6, 7
 
 
 def on_wall(side, along, inset, height):
@@ -128,12 +128,13 @@ SIGN = ((420, -410, -62, 200, 40), (446, -40, 176, 90, 90), (420, 198, 404, 30, 
 def sign(unit, profile, inset=0.0):
     """The sign in relief: plates that lie, their upper ends towards -z. `unit`: model units for one of the print's;
     `profile`: (inset, height) of their edges."""
+    sharpest = 1.1 * max(edge for edge, _ in profile)
     for half_width, upper, lower, upper_radius, lower_radius in SIGN:
         right, high, low = half_width * unit - inset, upper * unit + inset, lower * unit - inset
         points = []
         for side_x, z, side_z, size, begin in ((1, low, -1, lower_radius, 0), (1, high, 1, upper_radius, 90),
                                                (-1, high, 1, upper_radius, 180), (-1, low, -1, lower_radius, 270)):
-            radius = max(size * unit - inset, 0.02 * abs(right))
+            radius = max(size * unit - inset, sharpest)
             for step in range(9):
                 angle = math.radians(begin + 90 * step / 8)
                 points.append((side_x * (right - radius) + radius * math.sin(angle),

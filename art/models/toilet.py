@@ -12,8 +12,8 @@ from models import toilet_kit as kit
 
 FLOOR = -2.86
 RIM = -0.14  # top of the china; buffers and seat lie on it
-CELL, CHINA_VERTICES = 0.056, 14800
-SEAT_CELL, SEAT_VERTICES = 0.04, 4200
+CELL, CHINA_VERTICES = 0.056, 13200
+SEAT_CELL, SEAT_VERTICES = 0.04, 3600
 POST_CELL, POST_VERTICES = 0.028, 1100
 DUCK_CELL, DUCK_VERTICES = 0.03, 1300
 

@@ -9,7 +9,7 @@ import numpy as np
 from kit import mesh, model, shapes, uv
 from models import toilet_kit as kit
 
-ROUND = 108
+ROUND = 92
 GROWN = 0.02  # wider than the seat
 # (inset from the edge, height over the hinge), from the middle of the underside over its rim and round the edge, over
 # the shoulder and down into the recess of the upper side.

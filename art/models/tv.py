@@ -101,12 +101,12 @@ def back():
     made = []
     for side in (-1, 1):
         for slat in range(VENTS):
-            bar = mesh.turn(shapes.box((0.56, 0.085, 0.09), radius=0.03, segments=2), "X", 28)
+            bar = mesh.turn(shapes.box((0.56, 0.085, 0.09), radius=0.028, segments=1), "X", 28)
             y = CASE_Y + 1.15 - 2.3 * slat / (VENTS - 1)
             made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0] + side * 1.82, y, CASE_BACK - 0.01))
     step = HUMP[1][0]
     for slat in range(5):
-        bar = mesh.turn(shapes.box((0.9, 0.07, 0.08), radius=0.027, segments=2), "X", 28)
+        bar = mesh.turn(shapes.box((0.9, 0.07, 0.08), radius=0.024, segments=1), "X", 28)
         made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0], CASE_Y + HUMP_AT[1] + 0.32 - 0.16 * slat, -1.4))
     for x, y in [(x, y) for x in (-0.44, 0.44) for y in (-0.44, 0.44)]:
         screw = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.09, 0.0), (0.085, 0.03), (0.05, 0.05), (0.0, 0.055)], 2), 16)
