@@ -25,11 +25,11 @@ INSIDE = [(-2.6, -0.4, -0.3), (-1.95, 0.3, -0.28), (-1.65, 0.5, -0.22), (-1.2, 0
           (-0.4, 1.02, 0.0), (RIM, 1.0, 0.0), (0.4, 1.0, 0.0)]
 RIM_MIDDLE, RIM_HALF_WIDTH, RIM_HALF_HEIGHT = -0.185, 0.185, 0.16
 PLINTH_HALF, PLINTH_BACK, PLINTH_HEIGHT = (0.98, 1.36), -0.66, 0.2
-BOLT_AT = (0.8, FLOOR + 0.3, -0.75)
+BOLT_AT = (0.86, FLOOR + 0.275, -0.7)
 # The way the water takes, on both sides: out of the bowl, over the weir, down to the floor.
 TRAP = [(0.42, -1.55, 0.05), (0.5, -1.93, -0.36), (0.54, -1.86, -0.86), (0.6, -1.46, -1.18), (0.63, -1.34, -1.6),
         (0.6, -1.62, -1.93), (0.53, -2.2, -1.9), (0.48, -3.1, -1.85)]
-TRAP_RADIUS = 0.26
+TRAP_RADIUS = 0.295
 WATER = -1.02
 RIPPLES, RIPPLE_HEIGHT = 3, 0.03
 
@@ -120,20 +120,26 @@ def plinth(points):
     return sdf.intersect(side, y - FLOOR - PLINTH_HEIGHT, 0.16)
 
 
+def melt(a, b, blend):
+    """Both together, as `sdf.meet` melts them, but more softly: glaze mirrors where a bend begins and ends."""
+    overlap = np.maximum(1.5 * blend - np.abs(a - b), 0) / (1.5 * blend)
+    return np.minimum(a, b) - overlap ** 3 * blend * 0.25
+
+
 def china(points):
     """Foot, bowl, rim, shelf and cistern, of one piece, as a field."""
     bowl = sdf.intersect(revolved(points, OUTSIDE), points[..., 1] - RIM + 0.06, 0.05)
     shelf = sdf.round_box(points, (0, -0.5, -2.3), (1.16, 0.345, 1.24), 0.3)
     neck = sdf.limb(points, (0, -0.75, -2.2), (0, -2.2, -1.3), 0.86, 0.62, (1.08, 1, 0.8))
-    way = shapes.smooth_profile(TRAP, steps=4)
+    way = shapes.smooth_profile(TRAP, steps=10)
     trap = np.minimum.reduce([sdf.limb(sdf.mirrored(points), a, b, TRAP_RADIUS, TRAP_RADIUS)
                               for a, b in zip(way, way[1:])])
-    lump = sdf.union(0.55, bowl, shelf, neck)
-    lump = sdf.meet(lump, trap, 0.24)
-    lump = sdf.meet(lump, plinth(points), 0.36)
-    lump = sdf.meet(lump, cistern(points), CISTERN_MELT)
+    lump = melt(melt(bowl, shelf, 0.6), neck, 0.8)
+    lump = melt(lump, trap, 0.24)
+    lump = melt(lump, plinth(points), 0.36)
+    lump = melt(lump, cistern(points), CISTERN_MELT)
     lump = sdf.cut(lump, revolved(points, INSIDE), 0.1)
-    lump = sdf.meet(lump, roll(points, RIM_MIDDLE, RIM_HALF_WIDTH, RIM_HALF_HEIGHT, RIM - RIM_HALF_HEIGHT), 0.22)
+    lump = melt(lump, roll(points, RIM_MIDDLE, RIM_HALF_WIDTH, RIM_HALF_HEIGHT, RIM - RIM_HALF_HEIGHT), 0.22)
     return sdf.intersect(lump, FLOOR - points[..., 1], 0.05)
 
 

@@ -23,7 +23,7 @@ SHARES = [0.86, 0.7, 0.53, 0.35, 0.17]  # of the way from the middle to the last
 BUFFERS = [(0.79, 2.6), (1.05, 1.1)]  # to both sides
 BUFFER_FOOT = 0.0  # over the hinge: a hair over the seat
 ARM_SIZE, ARM_AT = (0.34, 0.12, 0.4), (0.12, 0.17)
-GRIP_RADII, GRIP_AT = (0.4, 0.07, 0.18), (0.0, 0.15, 3.28)
+GRIP_HALF_WIDTH, GRIP_OUT, GRIP_UP = 0.36, 0.1, 0.035  # how far the edge comes out, and up, where the thumb lifts it
 
 
 def board():
@@ -36,16 +36,18 @@ def board():
             yield points
 
     rings = list(middle(*UNDERSIDE[0], UNDER_CROWN))[::-1]
-    rings += [kit.egg_ring(ROUND, GROWN - inset, height)
+    rings += [gripped(kit.egg_ring(ROUND, GROWN - inset, height), inset)
               for inset, height in shapes.smooth_profile(UNDERSIDE + UPPER_SIDE, steps=2)]
     rings += middle(*UPPER_SIDE[-1], UPPER_CROWN)
     return mesh.move(shapes.loft(rings, name="board"), z=-kit.HINGE[2])
 
 
-def grip():
-    """A lip for the thumb, half sunk into the rim."""
-    ball = shapes.lathe([(math.cos(a), math.sin(a)) for a in np.linspace(-1.45, 1.45, 11)], segments=28)
-    return mesh.move(mesh.scale(ball, *GRIP_RADII), *GRIP_AT)
+def gripped(points, inset):
+    """A ring with a lip for the thumb in front, which fades towards the middle."""
+    bulge = np.exp(-(points[:, 0] / GRIP_HALF_WIDTH) ** 4) * (points[:, 2] > 0) * math.exp(-(inset / 0.13) ** 2)
+    points[:, 2] += GRIP_OUT * bulge
+    points[:, 1] += GRIP_UP * bulge
+    return points
 
 
 def hinges():
@@ -73,7 +75,7 @@ def buffers():
 
 
 def build():
-    parts = [mesh.freeze_normals(mesh.smooth(part, 50)) for part in (board(), grip(), *hinges(), *buffers())]
+    parts = [mesh.freeze_normals(mesh.smooth(part, 50)) for part in (board(), *hinges(), *buffers())]
     return mesh.join(parts, "toilet_lid")
 
 
