@@ -23,7 +23,7 @@ SHARES = [0.86, 0.7, 0.53, 0.35, 0.17]  # of the way from the middle to the last
 BUFFERS = [(0.79, 2.6), (1.05, 1.1)]  # to both sides
 BUFFER_FOOT = 0.0  # over the hinge: a hair over the seat
 ARM_SIZE, ARM_AT = (0.34, 0.12, 0.4), (0.12, 0.17)
-GRIP_HALF_WIDTH, GRIP_OUT, GRIP_UP = 0.36, 0.1, 0.035  # how far the edge comes out, and up, where the thumb lifts it
+GRIP_HALF_WIDTH, GRIP_OUT, GRIP_UP = 0.5, 0.03, 0.04  # how far the edge comes out, and up, where the thumb lifts it
 
 
 def board():
