@@ -14,8 +14,9 @@ SEGMENTS = 88
 TEETH, TOOTH_SEGMENTS, TOOTH_DEPTH = 21, 6, 0.035
 
 # (radius, height), from the middle of the base up: the punt, and the ring that the bottle stands on.
-BASE = [(0.0, 0.36), (0.2, 0.345), (0.42, 0.285), (0.62, 0.175), (0.76, 0.085), (0.86, 0.03), (0.93, 0.006), (1.00, 0.0)]
-LABEL, LABEL_RADIUS = (1.0, 3.9), 1.22  # between which heights the glass lies deeper; how large the label is printed for
+BASE = [(0.0, 0.36), (0.2, 0.345), (0.42, 0.285), (0.62, 0.175), (0.76, 0.085), (0.86, 0.03), (0.93, 0.006),
+        (1.00, 0.0)]
+LABEL, LABEL_RADIUS = (1.0, 3.9), 1.22  # between which heights the glass lies deeper; what the label is printed for
 
 # The outline that the texture is laid out and painted by: heights in the picture follow it, whatever the glass does.
 BODY = [(1.00, 0.0), (1.08, 0.012), (1.16, 0.06), (1.215, 0.14), (1.24, 0.25), (1.25, 0.40), (1.25, LABEL[0] - 0.10),

@@ -1,5 +1,5 @@
-"""The cheese: a slice that was not cut square, fell askew on the hot patty and melted there. It sags between the patty's
-lumps, its corners hang at four lengths, and what has run down gathers in a bead along the lower edge."""
+"""The cheese: a slice that was not cut square, fell askew on the hot patty and melted there. It sags between the
+patty's lumps, its corners hang at four lengths, and what has run down gathers in a bead along the lower edge."""
 
 import math
 
@@ -26,7 +26,10 @@ RUNS = ((math.radians(44), 0.34, 0.32), (math.radians(-44), 0.3, 0.0), (math.rad
 
 def patty():
     """What the slice falls on: the patty with its lumps, but without its mince."""
-    support = burger.patty_mesh(lambda points: burger.patty(points, 0.03 + 0.022 * burger.waves(points, 0.85, 3, terms=14)), 0.11)
+    def lumpy(points):
+        return burger.patty(points, 0.03 + 0.022 * burger.waves(points, 0.85, 3, terms=14))
+
+    support = burger.patty_mesh(lumpy, 0.11)
     return mesh.scale(support, LARGER)
 
 
@@ -55,8 +58,8 @@ def drape():
 
 
 def run_down(slice_):
-    """Draws what hangs over the rim further down, here more and there less, and all of it to a lowest place; and off the
-    crumbs of the patty and the bread below."""
+    """Draws what hangs over the rim further down, here more and there less, and all of it to a lowest place; and off
+    the crumbs of the patty and the bread below."""
     points = mesh.positions(slice_).astype(float)
     hangs = np.maximum(0.0, LOW - 0.06 - points[:, 1])
     angles = np.arctan2(points[:, 0], points[:, 2])

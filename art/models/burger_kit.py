@@ -44,7 +44,7 @@ def round_waves(angle, seed, turns):
 
 
 def outline_distance(out, height, profile):
-    """The signed distance in the plane to a closed outline; one that begins and ends on the axis is closed behind it."""
+    """The signed distance in the plane to an outline that begins and ends on the axis, and is closed behind it."""
     line = np.asarray([(-0.8, profile[0][1]), *profile, (-0.8, profile[-1][1])], np.float32)
     nearest = np.full(out.shape, np.inf, np.float32)
     inside = np.zeros(out.shape, bool)

@@ -1,6 +1,6 @@
-"""The lid of the toilet: a soft board with a shallow recess above and a rim underneath, a thumb's grip in front, buffers
-and two barrels that the hinge's pin goes through. Its origin is the hinge; closed, it lies to the front; a negative
-turn about x opens it."""
+"""The lid of the toilet: a soft board with a shallow recess above and a rim underneath, a lip for the thumb in front,
+buffers and two barrels that the hinge's pin goes through. Its origin is the hinge; closed, it lies to the front; a
+negative turn about x opens it."""
 
 import math
 

@@ -96,32 +96,38 @@ def case():
     return made
 
 
-def back():
-    """What one only sees from behind: slats over the vents, screws, and the cable to the socket in the table."""
-    made = []
-    for side in (-1, 1):
-        for slat in range(VENTS):
-            bar = mesh.turn(shapes.box((0.56, 0.085, 0.09), radius=0.028, segments=1), "X", 28)
-            y = CASE_Y + 1.15 - 2.3 * slat / (VENTS - 1)
-            made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0] + side * 1.82, y, CASE_BACK - 0.01))
-    step = HUMP[1][0]
-    for slat in range(5):
-        bar = mesh.turn(shapes.box((0.9, 0.07, 0.08), radius=0.024, segments=1), "X", 28)
-        made.append(mesh.move(mesh.weighted_normals(bar), HUMP_AT[0], CASE_Y + HUMP_AT[1] + 0.32 - 0.16 * slat, -1.4))
-    for x, y in [(x, y) for x in (-0.44, 0.44) for y in (-0.44, 0.44)]:
-        screw = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.09, 0.0), (0.085, 0.03), (0.05, 0.05), (0.0, 0.055)], 2), 16)
-        screw = mesh.turn(mesh.smooth(screw, 60), "X", -90)
-        made.append(mesh.move(screw, HUMP_AT[0] + x * 2 * step[0] * 0.43, CASE_Y + HUMP_AT[1] + y * 2 * step[1] * 0.42,
-                              -1.085))
-    path = shapes.smooth_profile([np.asarray(point) for point in CABLE], 5)
-    made.append(mesh.smooth(shapes.tube(path, CABLE_RADIUS, sides=10), 80))
-    sleeve = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.13, 0.0), (0.125, 0.1), (0.09, 0.14), (0.075, 0.26), (0.06, 0.28),
-                                                 (0.0, 0.28)], 2), 18)
-    made.append(mesh.move(mesh.turn(mesh.smooth(sleeve, 60), "X", -90), *CABLE[0][:2], -1.08))
-    plug = shapes.lathe([(0.0, 0.0)] + shapes.smooth_profile([(0.15, 0.0), (0.15, 0.06), (0.13, 0.12), (0.06, 0.19),
-                                                              (0.0, 0.2)], 3), 20)
-    made.append(mesh.move(mesh.smooth(plug, 60), CABLE[-1][0], UNDERSIDE - 0.005, CABLE[-1][2] + 0.02))
-    return made
+def slats():
+    """Over the vents on both sides of the hump, and on its end."""
+    middle_x, middle_y = HUMP_AT[0], CASE_Y + HUMP_AT[1]
+    rows = [((0.56, 0.085, 0.09), middle_x + side * 1.82, CASE_Y + 1.15 - 2.3 * slat / (VENTS - 1), CASE_BACK - 0.01)
+            for side in (-1, 1) for slat in range(VENTS)]
+    rows += [((0.9, 0.07, 0.08), middle_x, middle_y + 0.32 - 0.16 * slat, -1.4) for slat in range(5)]
+    for size, *at in rows:
+        bar = mesh.turn(shapes.box(size, radius=0.3 * min(size), segments=1), "X", 28)
+        yield mesh.move(mesh.weighted_normals(bar), *at)
+
+
+def from_behind(profile, segments):
+    """A knob that looks to the back."""
+    return mesh.turn(mesh.smooth(shapes.lathe([(0.0, 0.0)] + profile, segments), 60), "X", -90)
+
+
+def screws():
+    (width, height), _, _ = HUMP[1]
+    profile = shapes.smooth_profile([(0.09, 0.0), (0.085, 0.03), (0.05, 0.05), (0.0, 0.055)], 2)
+    for x, y in [(x, y) for x in (-0.38, 0.38) for y in (-0.37, 0.37)]:
+        yield mesh.move(from_behind(profile, 16), HUMP_AT[0] + x * width, CASE_Y + HUMP_AT[1] + y * height, -1.085)
+
+
+def cable():
+    """To the socket in the table."""
+    sleeve = shapes.smooth_profile([(0.13, 0.0), (0.125, 0.1), (0.09, 0.14), (0.075, 0.26), (0.06, 0.28), (0.0, 0.28)],
+                                   2)
+    yield mesh.move(from_behind(sleeve, 18), *CABLE[0][:2], -1.08)
+    yield mesh.smooth(shapes.tube(shapes.smooth_profile(CABLE, 5), CABLE_RADIUS, sides=10), 80)
+    plug = shapes.smooth_profile([(0.15, 0.0), (0.15, 0.06), (0.13, 0.12), (0.06, 0.19), (0.0, 0.2)], 3)
+    yield mesh.move(mesh.smooth(shapes.lathe([(0.0, 0.0)] + plug, 20), 60), CABLE[-1][0], UNDERSIDE - 0.005,
+                    CABLE[-1][2] + 0.02)
 
 
 def frame_of_screen():
@@ -181,7 +187,8 @@ def dial(radius, pointer):
         angle = 2 * math.pi * k / 60
         reach = radius * (1 + 0.035 * math.cos(20 * angle))
         fluted.append((reach * math.sin(angle), reach * math.cos(angle)))
-    knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.025, 0.175), (0.05, 0.192), (0.075, 0.197), (0.11, 0.197)], bottom=False)
+    knob = shapes.plate(fluted, [(0, 0.03), (0.01, 0.14), (0.025, 0.175), (0.05, 0.192), (0.075, 0.197), (0.11, 0.197)],
+                        bottom=False)
     ridge = shapes.box((radius * 1.5, 0.16, 0.13), (0, 0.22, 0), 0.05, 3)
     mesh.turn(ridge, "Y", pointer)
     return [facing(mesh.weighted_normals(part)) for part in (base, knob, ridge)]
@@ -267,7 +274,8 @@ def into_the_dark(rest):
 
 
 def build():
-    rest = [*case(), *back(), frame_of_screen(), *controls(), *feet(), *aerial(), duck(), sticker()]
+    rest = [*case(), *slats(), *screws(), *cable(), frame_of_screen(), *controls(), *feet(), *aerial(), duck(),
+            sticker()]
     for part in rest:
         mesh.freeze_normals(part)
     rest = into_the_dark(mesh.join(rest, "set"))
