@@ -110,10 +110,18 @@ def subdivide(target, levels=1):
     return apply_modifiers(target)
 
 
-def decimate(target, ratio):
-    """Keeps about `ratio` of the triangles."""
-    modify(target, "DECIMATE", ratio=ratio)
-    return apply_modifiers(target)
+def decimate(target, ratio, finer=None, how_much=1.5e-4):
+    """Keeps about `ratio` of the triangles. `finer`: for each vertex from 0 to 1, where to keep more of them."""
+    if finer is None:
+        modify(target, "DECIMATE", ratio=ratio)
+        return apply_modifiers(target)
+    group = target.vertex_groups.new(name="coarser")
+    for number, weight in enumerate(finer):
+        group.add([number], float(1 - weight), "REPLACE")
+    modify(target, "DECIMATE", ratio=ratio, vertex_group=group.name, vertex_group_factor=how_much)
+    apply_modifiers(target)
+    target.vertex_groups.clear()
+    return target
 
 
 def weighted_normals(target):
@@ -244,6 +252,26 @@ def drop_doubled_faces(target):
                 doubled.append(face)
             seen.add(place)
         bmesh.ops.delete(work, geom=doubled, context="FACES")
+    return target
+
+
+def largest_piece(target):
+    """Takes away all that does not hang together with the most: crumbs, and bubbles inside."""
+    ends = read(target.data.edges, "vertices", 2, np.int32)
+    piece = np.arange(len(target.data.vertices))
+    while True:
+        least = np.minimum(piece[ends[:, 0]], piece[ends[:, 1]])
+        joined = piece.copy()
+        np.minimum.at(joined, ends[:, 0], least)
+        np.minimum.at(joined, ends[:, 1], least)
+        joined = joined[joined]
+        if (joined == piece).all():
+            break
+        piece = joined
+    most = np.bincount(piece).argmax()
+    with edited(target) as work:
+        bmesh.ops.delete(work, geom=[vertex for vertex, own in zip(list(work.verts), piece) if own != most],
+                         context="VERTS")
     return target
 
 

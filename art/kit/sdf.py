@@ -64,6 +64,53 @@ def chain(points, path, radii, blend=0.2):
                           for a, b, ra, rb in zip(path, path[1:], radii, radii[1:])))
 
 
+def near(points, low, high, field, reach=0.2):
+    """What a field gives within a box grown by `reach`, and `reach` farther away: for small parts of a large body,
+    which then cost little. Blends have to be narrower than `reach`."""
+    inside = ((points > _vector(low) - reach) & (points < _vector(high) + reach)).all(-1)
+    distances = np.full(points.shape[:-1], reach, np.float32)
+    if inside.any():
+        distances[inside] = np.minimum(field(points[inside]), reach)
+    return distances
+
+
+def rope(points, path, radii, reach=0.2):
+    """Limbs from point to point, without a blend: for paths of many points."""
+    path, radii = _vector(path), _vector(radii)
+    thick = radii.max()
+
+    def limbs(some):
+        nearest = limb(some, path[0], path[1], radii[0], radii[1])
+        for i in range(1, len(path) - 1):
+            nearest = np.minimum(nearest, limb(some, path[i], path[i + 1], radii[i], radii[i + 1]))
+        return nearest
+
+    return near(points, path.min(axis=0) - thick, path.max(axis=0) + thick, limbs, reach)
+
+
+def fold(points, path, width, height):
+    """How far a fold of cloth along a path stands out, for a field to be lowered by: a soft ridge between two shallow
+    valleys, that runs out at both ends."""
+    path = _vector(path)
+    runs = np.diff(path, axis=0)
+    lengths = np.concatenate(([0.0], np.cumsum(np.linalg.norm(runs, axis=1)))).astype(np.float32)
+    reach = 2.6 * width
+    raised = np.zeros(points.shape[:-1], np.float32)
+    inside = ((points > path.min(axis=0) - reach) & (points < path.max(axis=0) + reach)).all(-1)
+    if not inside.any():
+        return raised
+    some = points[inside]
+    nearest, along = np.full(len(some), np.inf, np.float32), np.zeros(len(some), np.float32)
+    for i, run in enumerate(runs):
+        share = np.clip((some - path[i]) @ run / (run @ run), 0, 1)
+        distance = np.linalg.norm(some - path[i] - share[:, None] * run, axis=1)
+        along = np.where(distance < nearest, (lengths[i] + share * (lengths[i + 1] - lengths[i])) / lengths[-1], along)
+        nearest = np.minimum(nearest, distance)
+    across = (nearest / width) ** 2
+    raised[inside] = height * np.sin(np.pi * np.clip(along, 0, 1)) * (1 - across) * np.exp(-0.8 * across)
+    return raised
+
+
 def round_box(points, at, half, radius, turned=None):
     beyond = np.abs(local(points, at, turned)) - (_vector(half) - radius)
     return np.linalg.norm(np.maximum(beyond, 0), axis=-1) + np.minimum(beyond.max(-1), 0) - radius
@@ -136,19 +183,59 @@ def _onto(field, points, cell, steps):
     return points
 
 
-def to_mesh(field, low, high, cell, name="body", newton=3):
+def settle(field, points, height=0.0, steps=8):
+    """(points, normals): the points moved along the field's slope to `height` above its surface."""
+    points, height = _vector(points), np.asarray(height, np.float32)
+    for _ in range(steps):
+        slope = _gradient(field, points, 0.01)
+        length = np.maximum((slope * slope).sum(-1), 0.2)
+        points = (points - ((field(points) - height) / length)[..., None] * slope).astype(np.float32)
+    slope = _gradient(field, points, 0.01)
+    return points, slope / np.linalg.norm(slope, axis=-1, keepdims=True)
+
+
+def _everywhere(field, axes):
+    """The field on a grid."""
+    distances = np.empty([len(axis) for axis in axes], np.float32)
+    for begin in range(0, len(axes[0]), 16):  # slab by slab: the fields keep many arrays of this size
+        slab = slice(begin, begin + 16)
+        distances[slab] = field(np.stack(np.meshgrid(axes[0][slab], axes[1], axes[2], indexing="ij"), -1))
+    return distances
+
+
+BLOCK = 6  # cells along a side of what `_near_surface` looks at, or passes over, as one
+
+
+def _near_surface(field, axes, cell):
+    """The field on a grid, exact only near its surface: for fields that take long. Elsewhere it is what a coarse grid
+    gives."""
+    counts = [-(-len(axis) // BLOCK) for axis in axes]
+    coarse_axes = [axis[0] + cell * BLOCK * np.arange(count + 1, dtype=np.float32) for axis, count in zip(axes, counts)]
+    coarse = field(np.stack(np.meshgrid(*coarse_axes, indexing="ij"), -1))
+    corners = np.stack([coarse[i:i + counts[0], j:j + counts[1], k:k + counts[2]]
+                        for i in (0, 1) for j in (0, 1) for k in (0, 1)])
+    distances = np.repeat(np.repeat(np.repeat(corners[0], BLOCK, 0), BLOCK, 1), BLOCK, 2)
+    chosen = np.argwhere(np.abs(corners).min(axis=0) < 1.5 * BLOCK * cell)
+    inner = np.arange(BLOCK)
+    for begin in range(0, len(chosen), 600):
+        some = chosen[begin:begin + 600] * BLOCK
+        i, j, k = (some[:, axis, None] + inner for axis in range(3))
+        place = i[:, :, None, None], j[:, None, :, None], k[:, None, None, :]
+        points = np.stack(np.broadcast_arrays(*(axes[axis][0] + cell * place[axis] for axis in range(3))), -1)
+        distances[place] = field(points.astype(np.float32))
+    return np.ascontiguousarray(distances[:len(axes[0]), :len(axes[1]), :len(axes[2])])
+
+
+def to_mesh(field, low, high, cell, name="body", newton=3, quick=False):
     """The surface of the field within the box, as quads about `cell` wide.
 
     After the meshing every vertex is moved onto the surface itself by a few Newton steps, which takes the stairs of the
-    grid away.
+    grid away. `quick` does not look at what is far from the surface.
     """
     low = _vector(low)
     counts = np.ceil((_vector(high) - low) / cell).astype(int) + 1
     axes = [low[i] + cell * np.arange(counts[i], dtype=np.float32) for i in range(3)]
-    distances = np.empty(tuple(counts), np.float32)
-    for begin in range(0, counts[0], 16):  # slab by slab: the fields keep many arrays of this size
-        slab = slice(begin, begin + 16)
-        distances[slab] = field(np.stack(np.meshgrid(axes[0][slab], axes[1], axes[2], indexing="ij"), -1))
+    distances = _near_surface(field, axes, cell) if quick else _everywhere(field, axes)
     grid = pyopenvdb.FloatGrid(1.0)
     grid.copyFromArray(distances)
     points, quads = grid.convertToQuads(0.0)
@@ -175,14 +262,16 @@ def cast(field, origins, directions, far=4.0, steps=40):
     return points, slope / np.linalg.norm(slope, axis=-1, keepdims=True)
 
 
-def thin_out(target, field, vertices, cell):
+def thin_out(target, field, vertices, cell, finer=None):
     """Keeps about as many vertices of a field's mesh as wanted, most of them where it is curved, puts them back onto
-    the surface, and shades them by the field's own slope, so that the thinned mesh still looks smooth.
+    the surface, and shades them by the field's own slope, so that the thinned mesh still looks smooth. `finer` says of
+    points, from 0 to 1, where more vertices are wanted than that.
 
     The normals last as long as nothing smooths the mesh again.
     """
     if len(target.data.vertices) > vertices:
-        mesh.decimate(target, vertices / len(target.data.vertices))
+        weights = None if finer is None else finer(mesh.positions(target))
+        mesh.decimate(target, vertices / len(target.data.vertices), weights)
     points = _onto(field, mesh.positions(target), cell, 2)
     target.data.vertices.foreach_set("co", points.ravel())
     target.data.update()
