@@ -8,12 +8,14 @@ The trousers over the arm belong to one of the two who sit here. It is after eig
 """
 
 import math
+import os
 
+import bpy
 import numpy as np
-from mathutils import Vector
+from mathutils import Vector, bvhtree
 
 from kit import cloth, mesh, model, shapes, uv
-from kit.parts import named, split
+from kit.parts import named, pieces_of, split
 from models import trousers_kit
 
 # How much of the texture, along a side, cloth gets that nobody sees; that is behind; and the piping, of one colour.
@@ -32,11 +34,16 @@ ARM_SIZE, ARM_CELLS = (1.1, 3.5, 4.15), (8, 22, 22)
 FRAME_SIZE, FRAME_CELLS = (10.5, 4.9, 0.6), (34, 16, 4)
 BASE_SIZE, BASE_CELLS = (10.3, 3.7, 1.0), (34, 10, 4)
 
-# (part, side, place, turns): one keeps the peace in the middle, one is pushed into a corner.
+# (part, side of the cut cloth, how much of it is left when it is filled, place, turns): one keeps the peace in the
+# middle, one was pushed into the corner of back and arm.
 PILLOWS = [
-    ("mustard", 2.5, (-0.15, 3.75, -1.15), (("Z", 8), ("X", 70))),
-    ("teal", 2.6, (4.35, 3.85, -0.95), (("Y", -38), ("Z", -7), ("X", 72))),
+    ("mustard", 2.5, 0.76, (-0.12, 3.7, -1.5), (("Z", 3), ("X", 78))),
+    ("teal", 2.6, 0.76, (4.1, 3.85, -1.42), (("Y", -27), ("Z", -5), ("X", 76))),
 ]
+TUFTED = "teal"
+PILLOW_CORD = {"mustard": 0.09, "teal": 0.1}  # of the texture, for each step of the cord
+PILLOW_HEIGHT = 0.42  # of half a pillow, for each unit of its side
+SITTING = (-2.5, 2.5)  # x of those who sit here
 PILLOW_CELLS = 24
 BUTTONS = [(-1.45, 0.45), (1.45, 0.45)]  # on a back cushion, from its middle
 ARM_BUTTON = (5.74, 3.72)  # in the roll of an arm; the one on the right was lost, and came off a coat
@@ -83,11 +90,12 @@ def even_rings(tube, sides, step):
     return tube
 
 
-def cord(target, seam, radius, part, sides=7, out=0.0):
-    """Piping, its texture cut into strips that are not longer than the other cloth."""
+def cord(target, seam, radius, part, sides=7, out=0.0, step=None):
+    """Piping, its texture cut into strips that are not longer than the other cloth; `step` of it for each ring, or as
+    long as it is."""
     made = cloth.piping(target, seam, radius, sides, out)
     layer = made.data.uv_layers[0].data
-    step = round(max(corner.uv.y for corner in layer) / len(seam), 2)
+    step = step or round(max(corner.uv.y for corner in layer) / len(seam), 2)
     even_rings(made, sides, step)
     for face in made.data.polygons:
         strip = int(step * (face.index // sides) / CORD_PIECE)
@@ -133,11 +141,14 @@ def seat(side):
 
 
 def tuft(target, x, y):
-    """Pulls a dimple into the front, which still lies flat and looks up."""
+    """Pulls a dimple into the front, which still lies flat and looks up, and with it four creases."""
     def pull(at):
         if at.y < -BACK_SIZE[2] / 2:
             return at
-        at.y -= 0.24 * math.exp(-(math.hypot(at.x - x, -at.z - y) / 0.45) ** 1.5)
+        across, along = at.x - x, -at.z - y
+        away = math.hypot(across, along)
+        crease = math.exp(-(min(abs(across - along), abs(across + along)) / 0.16) ** 2) * math.exp(-away / 0.4)
+        at.y -= 0.3 * math.exp(-(away / 0.46) ** 1.7) + 0.06 * crease
         return at
     return mesh.displace(target, pull)
 
@@ -155,6 +166,8 @@ def button(at, turns=(), odd=False):
             parts.append(named(mesh.turn(shapes.tube(ends, 0.028, sides=6), "Y", turn), "thread"))
     for part in parts:
         uv.scale(part, 0.4)
+    if not odd:  # its open edge goes deep into the dimple
+        mesh.displace(parts[0], lambda place: place - Vector((0, 0.14 * (place.y < -0.038), 0)))
     return cloth.place(parts, *at, turns=turns)
 
 
@@ -166,7 +179,7 @@ def back(side):
         tuft(parts[0], x, y)
         front = max((vertex.co for vertex in parts[0].data.vertices if vertex.co.y > -thickness / 2),
                     key=lambda co: -math.hypot(co.x - x, -co.z - y))
-        parts += button((x, front.y + 0.03, -y))
+        parts += button((x, front.y + 0.08, -y))
     middle = (SEAT_CROWN + TOP) / 2 - 0.12
     lean = (middle - SEAT_CROWN) * math.tan(math.radians(LEAN))
     turns = (("Z", side * -0.7), ("X", 90 - LEAN))
@@ -270,25 +283,106 @@ def base():
     return parts
 
 
-def pillow(part, side, at, turns):
+def plump(at, side, share, buttoned):
+    """Where the flat cut of a pillow goes when it is filled: full in the middle, its sides drawn in between the corners,
+    with creases that run out of these; a button pulls the middle in."""
+    u, v = 2 * at.x / side, 2 * at.z / side
+    half = side * share / 2
+    full = max(0.0, (1 - u * u) * (1 - v * v))
+    up = PILLOW_HEIGHT * half * full ** 0.42
+    corner = math.hypot(1 - abs(u), 1 - abs(v))
+    turn = math.atan2(1 - abs(v), 1 - abs(u)) - math.pi / 4
+    up *= 1 + 0.16 * math.cos(9 * turn) * math.exp(-((corner - 0.45) / 0.3) ** 2)
+    if buttoned:
+        away = math.hypot(u, v)
+        rays = 0.5 + 0.5 * math.cos(6 * math.atan2(v, u) + 0.5)
+        up -= half * (0.2 * math.exp(-(away / 0.28) ** 2) + 0.05 * rays * math.exp(-away / 0.35) * min(1.0, away / 0.2))
+    x, z = (half * a * (1 - 0.09 * (1 - b ** 4) * abs(a) ** 3) for a, b in ((u, v), (v, u)))
+    return Vector((x, math.copysign(up, at.y), z))
+
+
+def press(target, others, gap, rounds=14):
+    """Dents a pillow where the others, closed bodies, press into it; the dents run out softly into the rest."""
+    trees = [bvhtree.BVHTree.FromObject(other, bpy.context.evaluated_depsgraph_get()) for other in others]
+    data = target.data
+    rest = [vertex.co.copy() for vertex in data.vertices]
+    neighbours = [[] for _ in rest]
+    for edge in data.edges:
+        first, second = edge.vertices
+        neighbours[first].append(second)
+        neighbours[second].append(first)
+    moved = [Vector() for _ in rest]
+
+    def out_of_all(place):
+        for tree in trees:
+            on, normal, _, _ = tree.find_nearest(place, 1.2)
+            if on is not None and (place - on).dot(normal) < gap:
+                place = on + normal * gap
+        return place
+
+    for turn in range(rounds):
+        if turn:
+            moved = [(sum((moved[other] for other in around), Vector()) / len(around) + way) / 2
+                     for around, way in zip(neighbours, moved)]
+        moved = [out_of_all(place + way) - place for place, way in zip(rest, moved)]
+    for vertex, place, way in zip(data.vertices, rest, moved):
+        vertex.co = place + way
+    data.update()
+    return target
+
+
+def pillow(part, side, share, at, turns, others):
+    """A pillow, dented by the others, and its cord."""
     made, seams = cloth.sew(side, side, 0.0, (PILLOW_CELLS, PILLOW_CELLS, 0), 0.02, name=part)
-    cloth.inflate(made, 6.5, frames=40, tension=10, bending=0.25)
-    ease(made, seams, passes=2)
-    edge = cord(made, seams[0], 0.055, part, sides=6)
+    mesh.displace(made, lambda place: plump(place, side, share, part == TUFTED))
     split(made, lambda face: (part, 1.0) if face.index < PILLOW_CELLS ** 2 else (part + " back", HIDDEN))
-    return cloth.place([made, edge], *at, turns=turns)
+    cloth.place([made], *at, turns=turns)
+    press(made, others, 0.015)
+    return [made, cord(made, seams[0], 0.055, part, sides=6, step=PILLOW_CORD[part])]
+
+
+def sitters():
+    """Those who sit here, as they are without hat and glasses."""
+    path = os.path.join(os.path.dirname(__file__), "../../assets/person.glb")
+    return [mesh.move(mesh.merge(model.load(path)), x) for x in SITTING]
+
+
+def tuft_button(pillow_cover):
+    """A button in the middle of a pillow."""
+    middle = pillow_cover.data.vertices[PILLOW_CELLS // 2 * (PILLOW_CELLS + 2)]
+    x, y, z = middle.normal
+    turns = ("Y", math.degrees(math.atan2(x, z))), ("X", math.degrees(math.acos(y)))
+    return button(middle.co + middle.normal * 0.07, turns)[0]
+
+
+def share_place(target, part, other):
+    """Gives a part, made like the first piece of `part` in the target, that piece's place in the texture."""
+    faces = pieces_of(target, part)[0]
+    corners = [loop for face in faces for loop in target.data.polygons[face].loop_indices]
+    layer, others = target.data.uv_layers[0].data, other.data.uv_layers[0].data
+    for loop, corner in enumerate(corners):
+        others[loop].uv = layer[corner].uv
+    return other
 
 
 def build():
-    parts = [*base(), *frame_back()]
+    parts, seated = [*base(), *frame_back()], sitters()
+    leant_on = list(seated)
     for side in (-1, 1):
-        bolster, cushion = arm(side), seat(side)
-        parts += [*bolster, *cushion, *back(side), *arm_button(bolster[0], side)]
+        bolster, cushion, support = arm(side), seat(side), back(side)
+        parts += [*bolster, *cushion, *support, *arm_button(bolster[0], side)]
         parts += patch(bolster[0]) if side < 0 else trousers_kit.trousers([bolster[0], cushion[0]])
+        leant_on += [bolster[0], cushion[0], support[0]]
+    covers = {}
     for row in PILLOWS:
-        parts += pillow(*row)
-    sofa = mesh.smooth(mesh.join(parts, "sofa"))
-    return uv.pack(sofa, margin=0.003)
+        made = pillow(*row, leant_on)
+        covers[row[0]] = made[0]
+        parts += made
+    for sitter in seated:
+        bpy.data.objects.remove(sitter)
+    sewn_on = mesh.smooth(tuft_button(covers[TUFTED]))
+    sofa = uv.pack(mesh.smooth(mesh.join(parts, "sofa")), margin=0.003)
+    return mesh.join([sofa, share_place(sofa, "button", sewn_on)], "sofa")
 
 
 if __name__ == "__main__":
