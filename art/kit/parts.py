@@ -40,6 +40,18 @@ def pieces_of(target, part):
     return list(pieces.values())
 
 
+def share_place(target, part, other, number=0):
+    """Gives a part, made like pieces of `part` in the target, the place in the texture of one of these pieces, once they
+    are packed: more of what there is many of needs no more texture."""
+    pieces = [piece for piece in pieces_of(target, part) if len(piece) == len(other.data.polygons)]
+    piece = pieces[number % len(pieces)]
+    corners = [loop for face in piece for loop in target.data.polygons[face].loop_indices]
+    layer, others = target.data.uv_layers[0].data, other.data.uv_layers[0].data
+    for loop, corner in enumerate(corners):
+        others[loop].uv = layer[corner].uv
+    return named(other, part)
+
+
 def split(target, part_of):
     """Names faces one by one: `part_of(face)` gives (part, weight), the weight for their texture coordinates."""
     names, layer = [], target.data.uv_layers[0]

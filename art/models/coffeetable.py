@@ -10,7 +10,7 @@ import random
 from mathutils import Vector
 
 from kit import mesh, model, shapes, uv
-from kit.parts import Parts, split
+from kit.parts import Parts, share_place, split
 
 FLOOR = -1.0
 TOP = 0.8
@@ -45,7 +45,10 @@ BOWL = (-1.35, 0.75)
 BOWL_PROFILE = [(0.0, 0.0), (0.3, 0.0), (0.33, 0.02), (0.36, 0.07), (0.5, 0.17), (0.62, 0.32), (0.66, 0.44),
                 (0.64, 0.47),
                 (0.6, 0.44), (0.55, 0.35), (0.4, 0.24), (0.0, 0.2)]
-PEANUTS = 26
+# Layers of the heap in the bowl, from below: how many nuts, within which radius, how high over the lowest.
+HEAP = [(36, 0.53, 0.0), (19, 0.37, 0.06), (7, 0.2, 0.112)]
+PACKED = 26  # nuts that have a place of their own in the texture; the others share SHARED of these
+SHARED = 14
 TICKET = (0.45, 1.3, 21.0)
 
 
@@ -133,14 +136,12 @@ def add_remote(parts):
         parts.add(place(mesh.move(mesh.smooth(rocker, 60), across, 0, 0.34)), "button", 1.0)
 
 
-def peanut(turns):
-    """Two swellings with a waist between."""
-    profile = [(0.0, -0.115), (0.045, -0.1), (0.06, -0.055), (0.046, -0.005), (0.055, 0.045), (0.038, 0.09),
-               (0.0, 0.105)]
-    made = uv.scale(shapes.lathe(profile, segments=8), (0.3, 0.25))
-    for axis, angle in turns:
-        mesh.turn(made, axis, angle)
-    return mesh.smooth(made)
+def peanut():
+    """Two swellings with a waist between, lying along z."""
+    profile = [(0.0, -0.115), (0.036, -0.105), (0.057, -0.07), (0.055, -0.035), (0.045, -0.004), (0.05, 0.03),
+               (0.052, 0.06), (0.034, 0.094), (0.0, 0.105)]
+    made = uv.scale(shapes.lathe([profile[0], *shapes.smooth_profile(profile[1:-1], 2), profile[-1]], segments=12), (0.3, 0.25))
+    return mesh.smooth(mesh.turn(made, "X", 90))
 
 
 def add_bowl(parts):
@@ -148,20 +149,34 @@ def add_bowl(parts):
     bowl = shapes.lathe(shapes.smooth_profile(BOWL_PROFILE[1:-1], 2), segments=44)
     uv.scale(bowl, (2 * math.pi * 0.6, 1.5))
     parts.add(mesh.move(mesh.smooth(bowl, 60), x, TOP - 0.005, z), "bowl", 0.7)
-    heap = shapes.lathe([(0.56, 0.33), (0.5, 0.37), (0.3, 0.42), (0.0, 0.44)], segments=24)
+    heap = shapes.lathe([(0.56, 0.3), (0.5, 0.335), (0.3, 0.37), (0.0, 0.385)], segments=24)
     uv.scale(heap, (3.0, 0.6))
     parts.add(mesh.move(mesh.smooth(heap), x, TOP, z), "peanut", 0.4)
+    for made in nuts()[:PACKED]:
+        parts.add(made, "peanut", 0.7)
+
+
+def nuts():
+    """All of them: first the two that have jumped out, then from the top of the heap down, each layer in a spiral."""
+    x, z = BOWL
     spin = random.Random(26)
-    for number in range(PEANUTS):  # in a spiral, so that they lie evenly; two have jumped out
-        reach = 0.47 * math.sqrt((number + 0.5) / PEANUTS)
-        angle = number * 2.399963
-        height = 0.47 - 0.3 * reach * reach
-        made = peanut([("X", spin.uniform(55, 125)), ("Y", spin.uniform(0, 360))])
-        place = (x + reach * math.sin(angle), TOP + height, z + reach * math.cos(angle))
-        if number >= PEANUTS - 2:
-            place = (x + (0.95, 0.8)[number - PEANUTS], TOP + 0.05, z + (0.35, -0.62)[number - PEANUTS])
-            made = peanut([("X", 90), ("Y", 70 * number)])
-        parts.add(mesh.move(made, *place), "peanut", 0.7)
+    made = [mesh.move(mesh.turn(peanut(), "Y", turn), x + out, TOP + 0.05, z + along)
+            for turn, out, along in ((40, 0.95, 0.35), (110, 0.8, -0.62))]
+    for count, radius, height in reversed(HEAP):
+        for number in range(count):
+            reach, angle = radius * math.sqrt((number + 0.5) / count), number * 2.399963 + height * 9
+            nut = mesh.turn(mesh.turn(peanut(), "X", spin.uniform(-14, 14)), "Y", spin.uniform(0, 360))
+            mesh.turn(nut, Vector((math.cos(angle), 0, -math.sin(angle))), (12 + 150 * height) * reach / 0.5)
+            made.append(mesh.move(nut, x + reach * math.sin(angle), TOP + 0.415 - 0.22 * reach ** 2 + height,
+                                  z + reach * math.cos(angle)))
+    return made
+
+
+def add_nuts(table):
+    """The nuts of the heap that have no place of their own in the texture."""
+    more = [share_place(table, "peanut", mesh.freeze_normals(made), number % SHARED)
+            for number, made in enumerate(nuts()[PACKED:])]
+    return mesh.join([table, *more], "coffeetable")
 
 
 def add_ticket(parts):
@@ -194,7 +209,7 @@ def build():
     add_remote(parts)
     add_bowl(parts)
     add_ticket(parts)
-    return parts.join("coffeetable")
+    return add_nuts(parts.join("coffeetable"))
 
 
 if __name__ == "__main__":

@@ -15,7 +15,7 @@ import numpy as np
 from mathutils import Vector, bvhtree
 
 from kit import cloth, mesh, model, shapes, uv
-from kit.parts import named, pieces_of, split
+from kit.parts import named, share_place, split
 from models import trousers_kit
 
 # How much of the texture, along a side, cloth gets that nobody sees; that is behind; and the piping, of one colour.
@@ -353,16 +353,6 @@ def tuft_button(pillow_cover):
     x, y, z = middle.normal
     turns = ("Y", math.degrees(math.atan2(x, z))), ("X", math.degrees(math.acos(y)))
     return button(middle.co + middle.normal * 0.07, turns)[0]
-
-
-def share_place(target, part, other):
-    """Gives a part, made like the first piece of `part` in the target, that piece's place in the texture."""
-    faces = pieces_of(target, part)[0]
-    corners = [loop for face in faces for loop in target.data.polygons[face].loop_indices]
-    layer, others = target.data.uv_layers[0].data, other.data.uv_layers[0].data
-    for loop, corner in enumerate(corners):
-        others[loop].uv = layer[corner].uv
-    return other
 
 
 def build():
