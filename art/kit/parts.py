@@ -1,6 +1,8 @@
 """A model of many parts: each has a name for the script of its texture, and its share of that texture."""
 
 import bpy
+from mathutils import bvhtree
+from mathutils.geometry import barycentric_transform
 
 from kit import mesh, uv
 
@@ -50,6 +52,71 @@ def share_place(target, part, other, number=0):
     for loop, corner in enumerate(corners):
         others[loop].uv = layer[corner].uv
     return named(other, part)
+
+
+def _islands(target, faces):
+    """These faces as one list for each island of the texture."""
+    parent = {}
+
+    def root(corner):
+        while parent.setdefault(corner, corner) != corner:
+            corner = parent[corner]
+        return corner
+
+    def corners(face):
+        face = target.data.polygons[face]
+        return [(vertex, round(layer[loop].uv.x, 6), round(layer[loop].uv.y, 6))
+                for vertex, loop in zip(face.vertices, face.loop_indices)]
+
+    layer = target.data.uv_layers[0].data
+    for face in faces:
+        first, *others = corners(face)
+        for other in others:
+            parent[root(other)] = root(first)
+    islands = {}
+    for face in faces:
+        islands.setdefault(root(corners(face)[0]), []).append(face)
+    return list(islands.values())
+
+
+class _Island:
+    """Part of a surface, to find places in the texture for points near it."""
+
+    def __init__(self, target, faces):
+        layer, data = target.data.uv_layers[0].data, target.data
+        self.triangles = [([data.vertices[vertex].co.copy() for vertex in triangle.vertices],
+                           [layer[loop].uv.to_3d() for loop in triangle.loops])
+                          for triangle in data.loop_triangles if triangle.polygon_index in faces]
+        points = [point for places, _ in self.triangles for point in places]
+        self.tree = bvhtree.BVHTree.FromPolygons(points, [(k, k + 1, k + 2) for k in range(0, len(points), 3)])
+
+    def distance(self, point, normal):
+        _, facing, _, away = self.tree.find_nearest(point)
+        return away + 0.05 * (1 - facing.dot(normal))
+
+    def place(self, point):
+        places, flat = self.triangles[self.tree.find_nearest(point)[2]]
+        return barycentric_transform(point, *places, *flat).to_2d()
+
+
+def lay_over(target, part, finer):
+    """Puts a finer body into the place of a part that is packed already, with the texture of that. Returns the target,
+    joined anew."""
+    target.data.calc_loop_triangles()
+    faces = faces_of(target, part)
+    islands = [_Island(target, set(island)) for island in _islands(target, faces)]
+    layer = (finer.data.uv_layers or finer.data.uv_layers.new(name="UVMap") and finer.data.uv_layers)[0].data
+    known = {}
+    for face in finer.data.polygons:
+        nearest = min(islands, key=lambda island: island.distance(face.center, face.normal))
+        for vertex, loop in zip(face.vertices, face.loop_indices):
+            key = vertex, id(nearest)
+            if key not in known:
+                known[key] = nearest.place(finer.data.vertices[vertex].co)
+            layer[loop].uv = known[key]
+    gone = set(faces)
+    mesh.delete_faces(target, lambda face: face.index in gone)
+    return mesh.join([target, named(mesh.freeze_normals(finer), part)], target.name)
 
 
 def split(target, part_of):

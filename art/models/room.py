@@ -5,6 +5,10 @@ television's (12), model z the way from the open front (-9) to the wall with the
 part of it; `art/textures/room_diff.py` paints its shadows.
 """
 
+import math
+
+import numpy as np
+
 from kit import mesh, model, parts, shapes, uv
 
 import models.room_kit as room
@@ -16,7 +20,7 @@ THICKNESS = 0.5
 # The lights of the show's scene, seen from the model: place, strength.
 LIGHTS = [((2.0, 3.0, 7.5), 0.1), ((6.5, 3.0, 0.0), 0.1), ((2.0, 3.0, -7.5), 0.3), ((2.5, 2.5, 0.0), 0.3)]
 LEAST_LIGHT = 0.36
-SHINING = ("shade", "bulb0", "bulb1", "bulb2", "dusk")  # these are to be the brightest
+SHINING = ("shade", "bulb0", "bulb1", "bulb2")  # these are to be the brightest
 
 SOFA_WALL = room.Wall(90, (LOW[0], 0.0))  # x there: five times the world's x
 TV_WALL = room.Wall(-90, (HIGH[0], 0.0))  # x: minus five times the world's x
@@ -24,6 +28,8 @@ WINDOW_WALL = room.Wall(180, (2.5, HIGH[1]))  # x: from the middle of the window
 FRONT = room.Wall(180, (0.0, LOW[1]))
 
 WINDOW = (0.0, 2.95, 6.4, 4.3)  # on its wall: x, sill, width, height
+CAT = (1.5, WINDOW[1] - 0.02, 0.12)  # on the window's wall
+PEGS = (5.6, 5.2)  # on the television's wall
 DOOR = (-9.0, 2.7, 5.9)  # on the sofa's wall: x, width, height
 
 RUG = (3.35, 0.0, 7.5, 9.2)  # middle x, z, size along x, z
@@ -130,6 +136,64 @@ def add_plinth(made):
     made.add(FRONT.hang(room.upright(plate), -2.75, -1.03, -front - 0.04), None)
 
 
+def refine(whole):
+    """Puts what is looked at closely into the place of the plain bodies that the texture is laid out on."""
+    x, y = PEGS
+    for k, part, swing, bend, splay in room.PAIRS:
+        whole = parts.lay_over(whole, part, room.hang_pair(TV_WALL, x, y, room.creased_trousers(bend, splay), k, swing))
+    return parts.lay_over(whole, "cat", WINDOW_WALL.hang(room.fine_cat(), *CAT))
+
+
+def plain_hems(whole, above=1.15, share=0.15):
+    """Takes the lower ends of the curtains out of the cloth over their hem in the texture, which is pale."""
+    layer, vertices = whole.data.uv_layers[0].data, whole.data.vertices
+    for piece in parts.pieces_of(whole, "curtain"):
+        for number in piece:
+            face = whole.data.polygons[number]
+            corners = [(vertices[vertex].co.y, loop) for vertex, loop in zip(face.vertices, face.loop_indices)]
+            (low, low_loop), (high, high_loop) = min(corners), max(corners)
+            if high - low < 0.1 or low > above:
+                continue
+            slope = (layer[high_loop].uv.y - layer[low_loop].uv.y) / (high - low)
+            for height, loop in corners:
+                layer[loop].uv.y += slope * (1 - share) * max(0.0, above - height)
+
+
+def clean_rim(whole):
+    """Gives the upper rim of the sign on the door, which got black texels, the texture of the lower one."""
+    middle = DOOR[2] * 0.76
+    layer, data = whole.data.uv_layers[0].data, whole.data
+    rim = [face for face in (data.polygons[number] for number in parts.faces_of(whole, "paper"))
+           if face.center.x < LOW[0] + 0.3 and abs(face.center.z + DOOR[0]) < 0.7 and abs(face.center.y - middle) < 0.4]
+
+    def key(co, sign):
+        return round(co.x, 3), round(sign * (co.y - middle), 3), round(co.z, 3)
+
+    below = {key(face.center, 1): {key(data.vertices[vertex].co, 1): layer[loop].uv.copy() for vertex, loop in
+                                   zip(face.vertices, face.loop_indices)}
+             for face in rim if face.center.y < middle}
+    for face in rim:
+        other = below.get(key(face.center, -1))
+        for vertex, loop in zip(face.vertices, face.loop_indices) if other else ():
+            layer[loop].uv = other.get(key(data.vertices[vertex].co, -1), layer[loop].uv)
+
+
+def set_flat(whole):
+    """No light catches in the corners of the walls, nor on the edges of the boards."""
+    normals, points = mesh.corner_normals(whole), mesh.positions(whole)[mesh.corner_vertices(whole)]
+    for part, reach in (("wall", 0.2), ("plank", 0.0)):
+        for number in parts.faces_of(whole, part):
+            face = whole.data.polygons[number]
+            loops = list(face.loop_indices)
+            x, y, z = face.center
+            if part == "plank":
+                normals[loops] += (0, 3, 0)
+            elif abs(z - HIGH[1]) < reach and min(abs(x - LOW[0]), abs(x - HIGH[0])) < reach and y < HEIGHT - 0.3:
+                across = abs(face.normal.x) > abs(face.normal.z)
+                normals[loops] = (math.copysign(1, face.normal.x), 0, 0) if across else (0, 0, -1)
+    return mesh.set_corner_normals(whole, normals / np.linalg.norm(normals, axis=1, keepdims=True))
+
+
 def build():
     made = parts.Parts()
     made.add(shell(), None)
@@ -140,7 +204,7 @@ def build():
     add_mouldings(made)
     room.add_window(made, WINDOW_WALL, *WINDOW, THICKNESS)
     room.add_curtains(made, WINDOW_WALL, WINDOW[0], 0.12, WINDOW[2], 7.62)
-    room.add_cat(made, WINDOW_WALL, 1.5, WINDOW[1] - 0.02, 0.12)
+    room.add_cat(made, WINDOW_WALL, *CAT)
     room.add_door(made, SOFA_WALL, *DOOR)
     room.add_ticket_machine(made, SOFA_WALL, -6.75, 3.9)
     for x, y, width, height, picture in PICTURES:
@@ -148,13 +212,17 @@ def build():
     room.add_fairy_lights(made, SOFA_WALL, [(-6.9, 7.3), (-3.3, 7.35), (0.4, 7.3), (4.0, 7.35), (7.6, 7.3)], 0.55, 4)
     room.add_shelf(made, TV_WALL, -5.2, 4.4, 4.0)
     room.add_clock(made, TV_WALL, 0.3, 6.35)
-    room.add_pegs(made, TV_WALL, 5.6, 5.2)
+    room.add_pegs(made, TV_WALL, *PEGS)
     room.add_picture(made, WINDOW_WALL, 7.0, 5.0, 1.6, 1.6, "poster_duck")
     room.add_lamp(made, -4.4, -6.9)
     room.add_rug(made, *RUG)
-    whole = mesh.drop_doubled_faces(made.join("room", margin=0.0028))
+    whole = refine(mesh.drop_doubled_faces(made.join("room", margin=0.0028)))
+    plain_hems(whole)
+    clean_rim(whole)
+    set_flat(whole)
     mesh.lean_into_light(whole, LIGHTS, LEAST_LIGHT)
-    return mesh.lean_into_light(whole, LIGHTS, 1.0, most_lean=0.85, faces=parts.faces_of(whole, *SHINING))
+    mesh.lean_into_light(whole, LIGHTS, 1.0, most_lean=0.85, faces=parts.faces_of(whole, "dusk"))
+    return mesh.lean_into_light(whole, LIGHTS, 3.0, most_lean=0.95, faces=parts.faces_of(whole, *SHINING))
 
 
 if __name__ == "__main__":

@@ -7,6 +7,8 @@ out of the wall. `Wall.hang` puts it there.
 import math
 import random
 
+import numpy as np
+
 from kit import mesh, sdf, shapes, uv
 from kit.parts import split
 
@@ -103,19 +105,22 @@ def add_window(parts, wall, x, low, width, height, thickness):
     parts.add(wall.hang(block((width, 0.15, 0.12), (0, 0, 0)), x, middle + height * 0.12, glass + 0.05), "trim", 0.5)
 
 
-def curtain(width, height, side, pleats=6.5, cells=(78, 26), thickness=0.07):
-    """A pleated curtain, gathered at its tie towards `side`; its top is at y 0."""
+def curtain(width, height, side, pleats=6.5, cells=(132, 32), thickness=0.07, cloth=0.03):
+    """A pleated curtain, gathered at its tie towards `side`; its top is at y 0. No two pleats are alike. It is as thick
+    as `thickness` in the texture, and as `cloth` to look at, or the pleats would cut each other where it is tied."""
     across, down = cells
     vertices, faces, uvs = [], [], []
 
     def fold(u, share):
         """(x, z) of the cloth's middle, `share` of the way down."""
         waist = math.exp(-((share - 0.6) / 0.17) ** 2)
-        phase = 2 * math.pi * pleats * u + 0.5 * math.sin(3 * share + side)
-        depth = 0.17 * (1 - 0.4 * waist) * (0.7 + 0.3 * share)
+        wander = 0.55 * math.sin(7.3 * u + 1.9 * side) + 0.35 * math.sin(15.1 * u + 0.8 + side)
+        phase = 2 * math.pi * pleats * u + wander + 0.35 * math.sin(3 * share + side + 4 * u)
+        deep = 0.75 + 0.3 * math.sin(11.7 * u + 2.2 * side) + 0.2 * math.sin(23.0 * u + 5 * share)
+        depth = 0.18 * deep * (1 - 0.62 * waist) * (0.6 + 0.4 * share)
         flare = 0.1 * math.sin(2.5 * share + 7 * u) * share
-        return (width * ((u - 0.5) * (1 - 0.5 * waist) + side * 0.25 * waist) + 0.05 * math.cos(phase),
-                depth * math.sin(phase) + flare + 0.06 * math.sin(phase * 0.5))
+        return (width * ((u - 0.5) * (1 - 0.5 * waist) + side * 0.25 * waist) + 0.02 * (1 - waist) * math.cos(phase),
+                depth * (math.sin(phase) + 0.18 * math.sin(2 * phase + 1)) + flare + 0.05 * math.sin(phase * 0.5))
 
     for j in range(down + 1):
         share = j / down
@@ -123,7 +128,7 @@ def curtain(width, height, side, pleats=6.5, cells=(78, 26), thickness=0.07):
         for i in range(across + 1):
             (ax, az), (bx, bz) = fold((i - 0.3) / across, share), fold((i + 0.3) / across, share)
             x, z = fold(i / across, share)
-            reach = thickness / 2 / math.hypot(bx - ax, bz - az)
+            reach = cloth / 2 / math.hypot(bx - ax, bz - az)
             front.append((x - (bz - az) * reach, -height * share, z + (bx - ax) * reach))
             back.append((x + (bz - az) * reach, -height * share, z - (bx - ax) * reach))
         vertices += front + back[::-1]
@@ -261,7 +266,7 @@ def add_shelf(parts, wall, x, y, width, seed=8):
         parts.add(wall.hang(mesh.smooth(ear), x + width * 0.34, y + 0.33, 0.38), "brass", 0.6)
 
 
-def trousers(bend, splay):
+def trousers_field(bend, splay):
     def field(points):
         flat = points.copy()
         flat[..., 2] *= 1.6
@@ -276,7 +281,45 @@ def trousers(bend, splay):
         whole = sdf.union(0.03, shape, belt, fly, *hems) / 1.3
         return sdf.intersect(whole, -points[..., 1] - 2.78, 0.06)
 
-    return body(field, (-1.0, -3.2, -0.5), (1.0, 0.3, 0.5), 0.1, "trousers")
+    return field
+
+
+def trousers(bend, splay):
+    """The plain shape that their texture is laid out on."""
+    return body(trousers_field(bend, splay), (-1.0, -3.2, -0.5), (1.0, 0.3, 0.5), 0.1, "trousers")
+
+
+def creased_trousers(bend, splay):
+    """The same as cloth: with an open waist, pressed creases, and folds at hips, knees and hems."""
+    plain = trousers_field(bend, splay)
+
+    def field(points):
+        x, y, z = (points[..., axis] for axis in range(3))
+        side = np.where(x > 0, 1.0, -1.0)
+        down = np.clip((-y - 0.75) / 2.0, 0, 1)
+        leg = side * (0.25 + (0.07 + splay) * down)
+        away = np.hypot(x, y + 0.78)
+        turn = np.arctan2(-y - 0.5, np.abs(x) + 0.05)
+        folds = 0.05 * np.exp(-((x - leg) / 0.045) ** 2) * np.clip(-y - 0.5, 0, 0.5) * 2
+        folds += 0.035 * np.sin(13 * turn + 1.5 * side) * np.exp(-((away - 0.3) / 0.28) ** 2)
+        folds += 0.03 * np.sin(15 * y + 4.5 * (x - leg) * side + side) * np.exp(-((y + 1.72) / 0.3) ** 2)
+        folds += 0.028 * np.sin(21 * y - 5 * (x - leg) + 2 * side) * np.exp(-((y + 2.42) / 0.2) ** 2)
+        folds += 0.014 * np.sin(9 * x + 2.3 * y + 1) * np.sin(3.1 * y + 5 * bend)
+        folds *= np.clip((-y - 0.22) / 0.2, 0, 1) * np.clip((y + 2.62) / 0.1, 0, 1)
+        hole = sdf.round_box(points, (0, 0.04, 0), (0.46, 0.13, 0.085), 0.05)
+        gap = sdf.limb(points, (0, -1.02, 0), (0, -2.9, 0), 0.015, 0.03 + splay, (1, 1, 0.15))
+        return sdf.cut(sdf.cut(plain(points) - 0.7 * folds, hole, 0.03), gap, 0.08)
+
+    return mesh.smooth(sdf.to_mesh(field, (-1.0, -3.2, -0.5), (1.0, 0.3, 0.5), 0.045, name="trousers"))
+
+
+PAIRS = [(0, "denim", -7, 0.05, 0.0), (2, "cord_trousers", 9, -0.08, 0.06)]  # peg, part, swing, bend, splay
+
+
+def hang_pair(wall, x, y, pair, k, swing):
+    """Hangs trousers by a loop of their waistband."""
+    mesh.turn(mesh.move(pair, x=(0.32, -0.3)[k // 2]), "Z", swing)
+    return wall.hang(pair, x - 1.35 + 0.9 * k, y + 0.02, 0.36)
 
 
 def add_pegs(parts, wall, x, y):
@@ -285,9 +328,8 @@ def add_pegs(parts, wall, x, y):
     for k in range(4):
         peg = turned([(0.05, 0.0), (0.05, 0.25), (0.1, 0.3), (0.1, 0.36), (0.0, 0.4)], 14, 2)
         parts.add(wall.hang(mesh.smooth(mesh.turn(upright(peg), "X", -14)), x - 1.35 + 0.9 * k, y, 0.08), "shelf", 0.5)
-    for k, part, swing, bend, splay in ((0, "denim", -7, 0.05, 0.0), (2, "cord_trousers", 9, -0.08, 0.06)):
-        pair = mesh.turn(mesh.move(trousers(bend, splay), x=(0.32, -0.3)[k // 2]), "Z", swing)
-        parts.add(wall.hang(pair, x - 1.35 + 0.9 * k, y + 0.02, 0.36), part, 0.8)
+    for k, part, swing, bend, splay in PAIRS:
+        parts.add(hang_pair(wall, x, y, trousers(bend, splay), k, swing), part, 0.8)
 
 
 def add_cat(parts, wall, x, y, z):
@@ -308,6 +350,47 @@ def add_cat(parts, wall, x, y, z):
     parts.add(wall.hang(body(field, (-1.3, -1.2, -0.6), (1.2, 1.2, 0.7), 0.075, "cat"), x, y, z), "cat", 1.2)
 
 
+def fine_cat():
+    """The cat itself: haunch, shoulder, a broad face with muzzle and closed eyes, ears, and a tail that hangs in a bow.
+    `add_cat` makes the plain one that its texture is laid out on."""
+    turned = sdf.rotation(0, 14, -6)
+
+    def field(points):
+        head_at = sdf.local(points, (0.6, 0.52, 0.1), turned)
+        loaf = sdf.ellipsoid(points, (-0.02, 0.33, -0.02), (0.68, 0.34, 0.33))
+        rump = sdf.ellipsoid(points, (-0.42, 0.34, -0.02), (0.4, 0.4, 0.36))
+        haunch = sdf.ellipsoid(points, (-0.44, 0.25, 0.24), (0.31, 0.27, 0.15), sdf.rotation(0, 0, 24))
+        hind = sdf.ellipsoid(points, (-0.2, 0.065, 0.33), (0.22, 0.075, 0.1))
+        shoulder = sdf.ellipsoid(points, (0.27, 0.3, 0.22), (0.2, 0.25, 0.13), sdf.rotation(0, 0, -18))
+        ruff = sdf.ellipsoid(points, (0.47, 0.34, 0.12), (0.24, 0.25, 0.24))
+        skull = sdf.ellipsoid(head_at, (0, 0.02, 0), (0.27, 0.235, 0.235))
+        cheeks = [sdf.ellipsoid(head_at, (side * 0.15, -0.07, 0.1), (0.14, 0.11, 0.13)) for side in (-1, 1)]
+        puffs = [sdf.ellipsoid(head_at, (side * 0.06, -0.075, 0.225), (0.085, 0.066, 0.075)) for side in (-1, 1)]
+        chin = sdf.ellipsoid(head_at, (0, -0.135, 0.19), (0.07, 0.05, 0.06))
+        nose = sdf.ellipsoid(head_at, (0, -0.02, 0.275), (0.045, 0.03, 0.035))
+        bridge = sdf.limb(head_at, (0, 0.1, 0.19), (0, 0.0, 0.25), 0.06, 0.04)
+        ears = [sdf.cut(sdf.limb(head_at, (side * 0.15, 0.13, 0.0), (side * 0.22, 0.36, -0.01), 0.12, 0.022,
+                                 (1, 1, 1.35)),
+                        sdf.limb(head_at, (side * 0.16, 0.15, 0.11), (side * 0.215, 0.3, 0.06), 0.075, 0.02), 0.03)
+                for side in (-1, 1)]
+        eyes = [sdf.chain(head_at, [(side * (0.115 + dx), 0.045 - 2.2 * dx * dx * 3, 0.262 - 0.9 * abs(side * dx + 0.03))
+                                    for dx in (-0.06, -0.03, 0.0, 0.03, 0.06)], (0.014,) * 5, 0.01) for side in (-1, 1)]
+        paws = [sdf.union(0.05, sdf.ellipsoid(points, (0.42 + dx, 0.075, 0.34), (0.105, 0.075, 0.15)),
+                          *(sdf.ellipsoid(points, (0.42 + dx + toe, 0.06, 0.45), (0.036, 0.05, 0.06))
+                            for toe in (-0.06, 0.0, 0.06))) for dx in (-0.13, 0.14)]
+        tail = sdf.chain(points, [(-0.8, 0.24, 0.0), (-0.95, 0.14, 0.16), (-0.96, 0.1, 0.3), (-0.94, -0.08, 0.38),
+                                  (-0.91, -0.35, 0.375), (-0.86, -0.6, 0.37), (-0.76, -0.8, 0.38), (-0.62, -0.86, 0.39)],
+                         (0.14, 0.12, 0.115, 0.11, 0.105, 0.1, 0.095, 0.075), 0.08)
+        trunk = sdf.union(0.12, sdf.union(0.2, loaf, rump), ruff)
+        trunk = sdf.union(0.05, trunk, haunch, shoulder)
+        face = sdf.union(0.05, sdf.union(0.08, skull, *cheeks), bridge, *puffs, chin)
+        face = sdf.union(0.03, face, *ears, nose)
+        face = sdf.cut(face, sdf.union(0.0, *eyes), 0.015)
+        return sdf.union(0.05, sdf.union(0.07, trunk, face), hind, *paws, tail)
+
+    return mesh.smooth(sdf.to_mesh(field, (-1.3, -1.2, -0.6), (1.2, 1.2, 0.7), 0.036, name="cat"))
+
+
 def add_fairy_lights(parts, wall, nails, sag, bulbs):
     """A wire that hangs from nail to nail, (x, y), and bulbs along it."""
     count = 0
@@ -320,7 +403,7 @@ def add_fairy_lights(parts, wall, nails, sag, bulbs):
         for k in range(bulbs):
             point = path[round((k + 0.5) * 14 / bulbs)]
             bulb = turned([(0.055, 0.0), (0.06, -0.07), (0.1, -0.16), (0.115, -0.24), (0.08, -0.33),
-                           (0.0, -0.36)][::-1], 12)
+                           (0.0, -0.36)][::-1], 22)
             parts.add(wall.hang(mesh.smooth(bulb), *point), f"bulb{count % 3}", 0.5)
             count += 1
 
