@@ -94,9 +94,11 @@ class _Island:
         _, facing, _, away = self.tree.find_nearest(point)
         return away + 0.05 * (1 - facing.dot(normal))
 
-    def place(self, point):
-        places, flat = self.triangles[self.tree.find_nearest(point)[2]]
-        return barycentric_transform(point, *places, *flat).to_2d()
+    def place(self, point, beyond=0.03):
+        """Beyond the rim, but not far: what is there belongs to another island."""
+        on, _, number, away = self.tree.find_nearest(point)
+        places, flat = self.triangles[number]
+        return barycentric_transform(on + (point - on) * min(1.0, beyond / max(away, beyond)), *places, *flat).to_2d()
 
 
 def lay_over(target, part, finer):

@@ -222,7 +222,7 @@ def build():
     set_flat(whole)
     mesh.lean_into_light(whole, LIGHTS, LEAST_LIGHT)
     mesh.lean_into_light(whole, LIGHTS, 1.0, most_lean=0.85, faces=parts.faces_of(whole, "dusk"))
-    return mesh.lean_into_light(whole, LIGHTS, 3.0, most_lean=0.95, faces=parts.faces_of(whole, *SHINING))
+    return mesh.lean_into_light(whole, LIGHTS, 3.0, most_lean=0.8, faces=parts.faces_of(whole, *SHINING))
 
 
 if __name__ == "__main__":

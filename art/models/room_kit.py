@@ -105,7 +105,7 @@ def add_window(parts, wall, x, low, width, height, thickness):
     parts.add(wall.hang(block((width, 0.15, 0.12), (0, 0, 0)), x, middle + height * 0.12, glass + 0.05), "trim", 0.5)
 
 
-def curtain(width, height, side, pleats=6.5, cells=(132, 32), thickness=0.07, cloth=0.03):
+def curtain(width, height, side, pleats=6.5, cells=(120, 30), thickness=0.07, cloth=0.03):
     """A pleated curtain, gathered at its tie towards `side`; its top is at y 0. No two pleats are alike. It is as thick
     as `thickness` in the texture, and as `cloth` to look at, or the pleats would cut each other where it is tied."""
     across, down = cells
@@ -296,21 +296,24 @@ def creased_trousers(bend, splay):
     def field(points):
         x, y, z = (points[..., axis] for axis in range(3))
         side = np.where(x > 0, 1.0, -1.0)
+        soft = np.tanh(x / 0.12)
         down = np.clip((-y - 0.75) / 2.0, 0, 1)
         leg = side * (0.25 + (0.07 + splay) * down)
         away = np.hypot(x, y + 0.78)
         turn = np.arctan2(-y - 0.5, np.abs(x) + 0.05)
-        folds = 0.05 * np.exp(-((x - leg) / 0.045) ** 2) * np.clip(-y - 0.5, 0, 0.5) * 2
-        folds += 0.035 * np.sin(13 * turn + 1.5 * side) * np.exp(-((away - 0.3) / 0.28) ** 2)
-        folds += 0.03 * np.sin(15 * y + 4.5 * (x - leg) * side + side) * np.exp(-((y + 1.72) / 0.3) ** 2)
-        folds += 0.028 * np.sin(21 * y - 5 * (x - leg) + 2 * side) * np.exp(-((y + 2.42) / 0.2) ** 2)
-        folds += 0.014 * np.sin(9 * x + 2.3 * y + 1) * np.sin(3.1 * y + 5 * bend)
+        folds = 0.02 * np.exp(-((x - leg) / 0.1) ** 2) * np.clip(-y - 0.6, 0, 0.5) * 2
+        fan = np.clip((away - 0.12) / 0.2, 0, 1) * np.exp(-(away / 0.42) ** 2)
+        folds += (0.024 + 0.008 * soft) * np.sin(8 * turn + 1.3 * soft) * np.abs(soft) * fan
+        slant = 7.5 * y + 3.4 * (x - leg) * side
+        folds += 0.016 * np.sin(slant * 1.4 + side) * np.exp(-((y + 1.78 + 0.1 * side) / 0.24) ** 2)
+        folds += 0.018 * np.sin(slant * 1.9 + 2 * side) * np.exp(-((y + 2.45) / 0.2) ** 2)
+        folds += 0.012 * np.sin(7 * x + 1.3 * y + 1) * np.sin(2.1 * y + 5 * bend)
         folds *= np.clip((-y - 0.22) / 0.2, 0, 1) * np.clip((y + 2.62) / 0.1, 0, 1)
         hole = sdf.round_box(points, (0, 0.04, 0), (0.46, 0.13, 0.085), 0.05)
         gap = sdf.limb(points, (0, -1.02, 0), (0, -2.9, 0), 0.015, 0.03 + splay, (1, 1, 0.15))
         return sdf.cut(sdf.cut(plain(points) - 0.7 * folds, hole, 0.03), gap, 0.08)
 
-    return mesh.smooth(sdf.to_mesh(field, (-1.0, -3.2, -0.5), (1.0, 0.3, 0.5), 0.045, name="trousers"))
+    return mesh.smooth(sdf.to_mesh(field, (-1.0, -3.2, -0.5), (1.0, 0.3, 0.5), 0.05, name="trousers"))
 
 
 PAIRS = [(0, "denim", -7, 0.05, 0.0), (2, "cord_trousers", 9, -0.08, 0.06)]  # peg, part, swing, bend, splay
@@ -353,7 +356,7 @@ def add_cat(parts, wall, x, y, z):
 def fine_cat():
     """The cat itself: haunch, shoulder, a broad face with muzzle and closed eyes, ears, and a tail that hangs in a bow.
     `add_cat` makes the plain one that its texture is laid out on."""
-    turned = sdf.rotation(0, 14, -6)
+    turned = sdf.rotation(6, -24, 5)
 
     def field(points):
         head_at = sdf.local(points, (0.6, 0.52, 0.1), turned)
@@ -374,7 +377,7 @@ def fine_cat():
                         sdf.limb(head_at, (side * 0.16, 0.15, 0.11), (side * 0.215, 0.3, 0.06), 0.075, 0.02), 0.03)
                 for side in (-1, 1)]
         eyes = [sdf.chain(head_at, [(side * (0.115 + dx), 0.045 - 2.2 * dx * dx * 3, 0.262 - 0.9 * abs(side * dx + 0.03))
-                                    for dx in (-0.06, -0.03, 0.0, 0.03, 0.06)], (0.014,) * 5, 0.01) for side in (-1, 1)]
+                                    for dx in (-0.06, -0.03, 0.0, 0.03, 0.06)], (0.021,) * 5, 0.01) for side in (-1, 1)]
         paws = [sdf.union(0.05, sdf.ellipsoid(points, (0.42 + dx, 0.075, 0.34), (0.105, 0.075, 0.15)),
                           *(sdf.ellipsoid(points, (0.42 + dx + toe, 0.06, 0.45), (0.036, 0.05, 0.06))
                             for toe in (-0.06, 0.0, 0.06))) for dx in (-0.13, 0.14)]
@@ -388,7 +391,13 @@ def fine_cat():
         face = sdf.cut(face, sdf.union(0.0, *eyes), 0.015)
         return sdf.union(0.05, sdf.union(0.07, trunk, face), hind, *paws, tail)
 
-    return mesh.smooth(sdf.to_mesh(field, (-1.3, -1.2, -0.6), (1.2, 1.2, 0.7), 0.036, name="cat"))
+    made = sdf.to_mesh(field, (-1.3, -1.2, -0.6), (1.2, 1.2, 0.7), 0.037, name="cat")
+    mesh.modify(made, "SMOOTH", factor=0.4, iterations=2)
+    return mesh.smooth(mesh.apply_modifiers(made))
+
+
+BULB = [(0.0, -0.36), (0.08, -0.33), (0.115, -0.24), (0.1, -0.16), (0.06, -0.07), (0.055, 0.0)]
+BULB_SHARE = (2 * math.pi * 0.115 * 0.8, sum(math.dist(a, b) for a, b in zip(BULB, BULB[1:])))
 
 
 def add_fairy_lights(parts, wall, nails, sag, bulbs):
@@ -402,8 +411,7 @@ def add_fairy_lights(parts, wall, nails, sag, bulbs):
         parts.add(wall.hang(mesh.smooth(shapes.tube(path, 0.032, sides=6), 80)), "iron", 0.25)
         for k in range(bulbs):
             point = path[round((k + 0.5) * 14 / bulbs)]
-            bulb = turned([(0.055, 0.0), (0.06, -0.07), (0.1, -0.16), (0.115, -0.24), (0.08, -0.33),
-                           (0.0, -0.36)][::-1], 22)
+            bulb = uv.scale(shapes.lathe(shapes.smooth_profile(BULB, 2), 18), BULB_SHARE)
             parts.add(wall.hang(mesh.smooth(bulb), *point), f"bulb{count % 3}", 0.5)
             count += 1
 
