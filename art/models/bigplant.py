@@ -39,8 +39,8 @@ PLANT = [
 ]
 
 ROOT_RADIUS, ROOT_DEPTH = 0.15, -0.06
-STEM_RADIUS, STEM_TOP, STEM_SIDES, STEM_STEPS = 0.035, 0.016, 10, 14  # sides: even, see `stem`
-ACROSS, ALONG = 14, 24  # faces of a big leaf; smaller ones have fewer
+STEM_RADIUS, STEM_TOP, STEM_SIDES, STEM_STEPS = 0.035, 0.016, 12, 16  # sides: even, see `stem`
+ACROSS, ALONG = 18, 30  # faces of a big leaf; smaller ones have fewer
 FOLD = {"split": 0.24, "small": 0.28, "heart": 0.22, "whole": 0.42, "young": 1.7}  # upwards from the middle rib
 SAG = {"split": 0.30, "small": 0.25, "heart": 0.30, "whole": 0.25, "young": 0.2}  # of the rims again
 LEAN, LEAST, MOST = 0.2, 0.4, 0.7  # of the normals to the lamps, LEAN and what a cosine lacks of LEAST, up to MOST
@@ -62,12 +62,23 @@ def stem_path(azimuth, height, reach, sway):
     return points
 
 
-def stem(path, ahead):
-    """Goes over into the leaf's middle rib, from below."""
-    path = path + [path[-1] + ahead * STEM_TOP * 2 - Vector((0, 0.012, 0)),
-                   path[-1] + ahead * STEM_TOP * 6 - Vector((0, 0.02, 0))]
+def along_rib(rib, length, at):
+    """(place, direction upwards from the blade) on a leaf's middle rib, `at` from where it begins."""
+    points, directions = rib
+    step = min(at / length * (len(points) - 1), len(points) - 1.001)
+    before = int(step)
+    direction = directions[before].lerp(directions[before + 1], step - before).normalized()
+    across = Vector((direction.z, 0, -direction.x)).normalized()
+    return points[before].lerp(points[before + 1], step - before), direction.cross(across)
+
+
+def stem(path, rib, length, foot):
+    """Goes over into the leaf's middle rib, from below, and stays under the blade until it is gone."""
     radii = [STEM_RADIUS + (STEM_TOP - STEM_RADIUS) * k / STEM_STEPS for k in range(STEM_STEPS + 1)]
-    radii += [0.8 * STEM_TOP, 0.3 * STEM_TOP]
+    for further, thick in ((1.5, 0.85), (3.5, 0.65), (6.5, 0.4), (10, 0.12)):
+        place, up = along_rib(rib, length, foot + further * STEM_TOP)
+        path = [*path, place - up * (STEM_TOP * thick + 0.002)]
+        radii.append(STEM_TOP * thick)
     made = shapes.tube(path, radii, sides=STEM_SIDES, caps=False, name="stem")
     layer = made.data.uv_layers[0]
     for face in made.data.polygons:
@@ -151,9 +162,10 @@ def build():
     for kind, azimuth, height, reach, length, width, pitch, bend, roll in PLANT:
         azimuth, pitch, bend, roll = (math.radians(angle) for angle in (azimuth, pitch, bend, roll))
         path = stem_path(azimuth, height, reach, random.uniform(-0.06, 0.06))
-        ahead = outwards(azimuth) * math.cos(pitch) + Vector((0, math.sin(pitch), 0))
-        start = path[-1] - ahead * (LEAVES[kind].foot * length + 0.02)
-        parts.append(stem(path, ahead))
+        foot = LEAVES[kind].foot * length + 0.02
+        place, up = along_rib(middle_rib(Vector(), azimuth, length, pitch, bend, ALONG), length, foot)
+        start = path[-1] - place + up * (STEM_TOP + 0.002)
+        parts.append(stem(path, middle_rib(start, azimuth, length, pitch, bend, ALONG), length, foot))
         parts.append(blade(kind, start, azimuth, length, width, pitch, bend, roll, random.uniform(0, 6)))
     return mesh.join(parts, "bigplant")
 
