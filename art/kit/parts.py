@@ -94,7 +94,7 @@ class _Island:
         _, facing, _, away = self.tree.find_nearest(point)
         return away + 0.05 * (1 - facing.dot(normal))
 
-    def place(self, point, beyond=0.03):
+    def place(self, point, beyond=0.015):
         """Beyond the rim, but not far: what is there belongs to another island."""
         on, _, number, away = self.tree.find_nearest(point)
         places, flat = self.triangles[number]
