@@ -43,8 +43,8 @@ def pieces_of(target, part):
 
 
 def share_place(target, part, other, number=0):
-    """Gives a part, made like pieces of `part` in the target, the place in the texture of one of these pieces, once they
-    are packed: more of what there is many of needs no more texture."""
+    """Gives a part, made like pieces of `part` in the target, the place in the texture of one of these pieces, once
+    they are packed: more of what there is many of needs no more texture."""
     pieces = [piece for piece in pieces_of(target, part) if len(piece) == len(other.data.polygons)]
     piece = pieces[number % len(pieces)]
     corners = [loop for face in piece for loop in target.data.polygons[face].loop_indices]

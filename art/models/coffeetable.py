@@ -140,7 +140,8 @@ def peanut():
     """Two swellings with a waist between, lying along z."""
     profile = [(0.0, -0.115), (0.036, -0.105), (0.057, -0.07), (0.055, -0.035), (0.045, -0.004), (0.05, 0.03),
                (0.052, 0.06), (0.034, 0.094), (0.0, 0.105)]
-    made = uv.scale(shapes.lathe([profile[0], *shapes.smooth_profile(profile[1:-1], 2), profile[-1]], segments=12), (0.3, 0.25))
+    rounded = [profile[0], *shapes.smooth_profile(profile[1:-1], 2), profile[-1]]
+    made = uv.scale(shapes.lathe(rounded, segments=12), (0.3, 0.25))
     return mesh.smooth(mesh.turn(made, "X", 90))
 
 

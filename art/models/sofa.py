@@ -284,8 +284,8 @@ def base():
 
 
 def plump(at, side, share, buttoned):
-    """Where the flat cut of a pillow goes when it is filled: full in the middle, its sides drawn in between the corners,
-    with creases that run out of these; a button pulls the middle in."""
+    """Where the flat cut of a pillow goes when it is filled: full in the middle, its sides drawn in between the
+    corners, with creases that run out of these; a button pulls the middle in."""
     u, v = 2 * at.x / side, 2 * at.z / side
     half = side * share / 2
     full = max(0.0, (1 - u * u) * (1 - v * v))
