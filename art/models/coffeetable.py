@@ -45,8 +45,9 @@ BOWL = (-1.35, 0.75)
 BOWL_PROFILE = [(0.0, 0.0), (0.3, 0.0), (0.33, 0.02), (0.36, 0.07), (0.5, 0.17), (0.62, 0.32), (0.66, 0.44),
                 (0.64, 0.47),
                 (0.6, 0.44), (0.55, 0.35), (0.4, 0.24), (0.0, 0.2)]
-# Layers of the heap in the bowl, from below: how many nuts, within which radius, how high over the lowest.
-HEAP = [(36, 0.53, 0.0), (19, 0.37, 0.06), (7, 0.2, 0.112)]
+# Layers of the heap in the bowl, from below: how many nuts, within which radius, within which the next layer covers them
+# so that they are left out, how high over the lowest.
+HEAP = [(36, 0.53, 0.35, 0.0), (19, 0.37, 0.17, 0.06), (7, 0.2, 0.0, 0.112)]
 PACKED = 26  # nuts that have a place of their own in the texture; the others share SHARED of these
 SHARED = 14
 TICKET = (0.45, 1.3, 21.0)
@@ -163,10 +164,13 @@ def nuts():
     spin = random.Random(26)
     made = [mesh.move(mesh.turn(peanut(), "Y", turn), x + out, TOP + 0.05, z + along)
             for turn, out, along in ((40, 0.95, 0.35), (110, 0.8, -0.62))]
-    for count, radius, height in reversed(HEAP):
+    for count, radius, covered, height in reversed(HEAP):
         for number in range(count):
             reach, angle = radius * math.sqrt((number + 0.5) / count), number * 2.399963 + height * 9
-            nut = mesh.turn(mesh.turn(peanut(), "X", spin.uniform(-14, 14)), "Y", spin.uniform(0, 360))
+            tilt, turn = spin.uniform(-14, 14), spin.uniform(0, 360)
+            if reach < covered:
+                continue
+            nut = mesh.turn(mesh.turn(peanut(), "X", tilt), "Y", turn)
             mesh.turn(nut, Vector((math.cos(angle), 0, -math.sin(angle))), (12 + 150 * height) * reach / 0.5)
             made.append(mesh.move(nut, x + reach * math.sin(angle), TOP + 0.415 - 0.22 * reach ** 2 + height,
                                   z + reach * math.cos(angle)))
