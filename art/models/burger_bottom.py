@@ -5,7 +5,7 @@ import numpy as np
 from kit import model, shapes, uv
 from models import burger_kit as burger
 
-VERTICES = 9200
+VERTICES = 7800
 LOW, HIGH = burger.BOTTOM
 PORES_WITHIN = 1.84
 # (radius, height) from the tray up over the side, over the toasted edge of the cut and down into its flat middle.

@@ -6,7 +6,7 @@ import numpy as np
 from kit import model, shapes, uv
 from models import burger_kit as burger
 
-VERTICES = 11600
+VERTICES = 8800
 LOW, HIGH = burger.MIDDLE
 CROWN = 0.05  # how much further than at the rim both faces come in the middle
 PORES_WITHIN = 1.86

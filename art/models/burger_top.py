@@ -11,7 +11,7 @@ from mathutils.bvhtree import BVHTree
 from kit import mesh, model, sdf, shapes, uv
 from models import burger_kit as burger
 
-VERTICES = 10500
+VERTICES = 8300
 LOW, HIGH = burger.TOP
 PORES_WITHIN = 1.78
 CUT = [(0.0, LOW + 0.05), (1.3, LOW + 0.045), (1.68, LOW + 0.025)]
