@@ -29,9 +29,10 @@ public:
         const auto [top, bottom] = std::minmax({corners[0].y, corners[1].y, corners[2].y});
         const int lastX = std::min(static_cast<int>(right), side - 1);
         const int lastY = std::min(static_cast<int>(bottom), side - 1);
+        const std::array<Border, 3> borders = bordersOf(corners);
         for (int y = std::max(static_cast<int>(top), 0); y <= lastY; ++y) {
             for (int x = std::max(static_cast<int>(left), 0); x <= lastX; ++x) {
-                if (isInside(corners, {x + 0.5, y + 0.5})) {
+                if (isInside(borders, {x + 0.5, y + 0.5})) {
                     count(x, y);
                 }
             }
@@ -44,17 +45,30 @@ public:
     }
 
 private:
-    static bool isInside(const UvCorners& corners, const glm::dvec2& point)
+    /// A side of a triangle.
+    struct Border {
+        glm::dvec2 from;
+        glm::dvec2 along; ///< with the inside to its right
+        double margin;
+    };
+
+    static std::array<Border, 3> bordersOf(const UvCorners& corners)
     {
         // The sign tells which way the triangle is wound: mirrored islands are as good.
         const double sign = cross(corners[1] - corners[0], corners[2] - corners[0]) < 0.0 ? -1.0 : 1.0;
+        std::array<Border, 3> borders;
         for (std::size_t i = 0; i < 3; ++i) {
             const glm::dvec2 edge = corners[(i + 1) % 3] - corners[i];
-            if (sign * cross(edge, point - corners[i]) <= margin * std::hypot(edge.x, edge.y)) {
-                return false;
-            }
+            borders[i] = {corners[i], sign * edge, margin * std::hypot(edge.x, edge.y)};
         }
-        return true;
+        return borders;
+    }
+
+    static bool isInside(const std::array<Border, 3>& borders, const glm::dvec2& point)
+    {
+        return std::all_of(borders.begin(), borders.end(), [&point](const Border& border) {
+            return cross(border.along, point - border.from) > border.margin;
+        });
     }
 
     void count(int x, int y)
