@@ -3,10 +3,13 @@
 #include "tests/tools/modelcheck/imported_boxes.h"
 
 #include <glm/common.hpp>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <vector>
 
 using standins::Box;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using tools::modelcheck::middleOf;
 using tools::modelcheck::RayCaster;
 
 namespace {
@@ -91,6 +94,41 @@ TEST(RayCaster, FindsEachOfManyBoxes)
             EXPECT_EQ(caster.hits(above, {0.0F, -1.0F, 0.0F}), x % 2 == 0 && z % 2 == 0) << x << ' ' << z;
         }
     }
+}
+
+std::vector<unsigned int> trianglesBetween(const RayCaster& caster, const glm::vec3& from,
+                                           const glm::vec3& to)
+{
+    std::vector<unsigned int> triangles;
+    caster.forEachBetween(from, to, [&](unsigned int triangle) { triangles.push_back(triangle); });
+    return triangles;
+}
+
+TEST(RayCaster, VisitsAllTrianglesBetweenTwoPoints)
+{
+    const Box boxes[] = {{{1.0F, -1.0F, -1.0F}, {3.0F, 1.0F, 1.0F}},
+                         {{2.0F, -1.0F, -1.0F}, {5.0F, 1.0F, 1.0F}}};
+    const tools::modelcheck::ImportedMesh mesh = importedBoxes(boxes);
+    const RayCaster caster(mesh);
+    const auto sidesMet = [&](float from, float to) {
+        std::vector<float> sides;
+        for (const unsigned int met : trianglesBetween(caster, {from, 0.1F, 0.2F}, {to, 0.1F, 0.2F})) {
+            sides.push_back(middleOf(cornersOf(mesh, mesh.triangles[met])).x);
+        }
+        return sides;
+    };
+    EXPECT_THAT(sidesMet(0.0F, 6.0F), UnorderedElementsAre(1.0F, 2.0F, 3.0F, 5.0F));
+    EXPECT_THAT(sidesMet(6.0F, 2.5F), UnorderedElementsAre(5.0F, 3.0F));
+    EXPECT_THAT(sidesMet(3.5F, 4.5F), IsEmpty());
+    EXPECT_THAT(sidesMet(-1.0F, 0.5F), IsEmpty());
+}
+
+TEST(RayCaster, StopsAtNothingAfterItVisitedTriangles)
+{
+    const Box box = {{1.0F, -1.0F, -1.0F}, {3.0F, 1.0F, 1.0F}};
+    const RayCaster caster(importedBoxes({&box, 1}));
+    EXPECT_EQ(trianglesBetween(caster, {0.0F, 0.1F, 0.2F}, {9.0F, 0.1F, 0.2F}).size(), 2U);
+    EXPECT_TRUE(caster.hits({0.0F, 0.1F, 0.2F}, right)); // no filter stays behind
 }
 
 } // namespace
