@@ -20,6 +20,8 @@ constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 struct ModelRules {
     std::string_view name;
     int loads = 1; ///< how many objects of the scenes are of it: each reads the file for itself
+    /// The largest that a scene draws it at: world units for one of the model's.
+    float scale = 1.0F;
     Texture texture = Texture::None;
     /// Edges with a face on one side only that the model does not hide itself: at most, or `anyNumber`. Back
     /// faces are drawn, but lit wrongly.

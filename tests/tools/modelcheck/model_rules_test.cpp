@@ -2,8 +2,11 @@
 
 #include "scenes/catalogue.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <glm/geometric.hpp>
+#include <glm/vec3.hpp>
 #include <gmock/gmock.h>
 #include <map>
 #include <string>
@@ -52,6 +55,38 @@ std::map<std::string, Use> usesInScenes()
     return uses;
 }
 
+/// The length of the first column of a matrix of which the lines, a row each, come next.
+float readScale(std::istream& file)
+{
+    glm::vec3 column;
+    for (glm::length_t row = 0; row < 3; ++row) {
+        std::string line;
+        std::getline(file, line);
+        column[row] = std::stof(line);
+    }
+    return glm::length(column);
+}
+
+/// By model, the largest that it is drawn at in the recorded frames.
+std::map<std::string, float> scalesInFrames()
+{
+    std::map<std::string, float> scales;
+    for (const auto& entry : std::filesystem::directory_iterator(FRAMES)) {
+        std::ifstream file(entry.path());
+        std::string model;
+        float scale = 0.0F;
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with("draw ")) {
+                model = line.substr(5);
+            } else if (line.starts_with("  mat4 modelToView")) {
+                scale = line.ends_with(" as before") ? scale : readScale(file);
+                scales[model] = std::max(scales[model], scale);
+            }
+        }
+    }
+    return scales;
+}
+
 TEST(ModelRules, StandOnceForEachModelOfTheShow)
 {
     std::vector<std::string_view> names;
@@ -73,6 +108,14 @@ TEST(ModelRules, KnowHowOftenTheScenesLoadEachModel)
         const tools::modelcheck::ModelRules* const rules = tools::modelcheck::findModelRules(name);
         ASSERT_NE(rules, nullptr) << name;
         EXPECT_EQ(rules->loads, use.loads) << name;
+    }
+}
+
+TEST(ModelRules, KnowTheLargestScaleThatAFrameShowsEachModelAt)
+{
+    std::map<std::string, float> scales = scalesInFrames();
+    for (const tools::modelcheck::ModelRules& rules : tools::modelcheck::modelRules()) {
+        EXPECT_NEAR(rules.scale, scales[std::string(rules.name)], 1e-5F) << rules.name;
     }
 }
 
