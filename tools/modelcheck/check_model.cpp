@@ -1,6 +1,7 @@
 #include "tools/modelcheck/check_model.h"
 
 #include "tools/modelcheck/extents.h"
+#include "tools/modelcheck/facets.h"
 #include "tools/modelcheck/surface.h"
 #include "tools/modelcheck/uv_overlap.h"
 #include "tools/modelcheck/vertex_checks.h"
@@ -16,6 +17,8 @@ namespace {
 constexpr std::size_t trianglesPerStray = 400; ///< one that is amiss and that nobody sees
 constexpr double largestOverlap = 0.005;       ///< where islands touch, and bakes bleed anyway
 constexpr float rootTolerance = 1e-6F;
+/// In world units: 0.6 away, where a picture of 45 degrees is 1920 pixels wide.
+constexpr float nearestPixel = 2.0F * 0.6F * 0.41421356F / 1920.0F;
 
 struct Subject {
     const ImportedMesh& mesh;
@@ -56,6 +59,17 @@ std::size_t boundaryEdgesOfModel(const Subject& model)
     return model.rules.visibleBoundaryEdges;
 }
 
+std::size_t facetsOfModel(const Subject& model)
+{
+    return model.rules.customNormals ? anyNumber : model.rules.facets;
+}
+
+/// In units of the model.
+float pixelSize(const Subject& model)
+{
+    return nearestPixel / model.rules.scale;
+}
+
 // clang-format off
 constexpr Check checks[] = {
     // one                                      many
@@ -79,6 +93,8 @@ constexpr Check checks[] = {
      [](const Subject& model) { return model.surface.componentsInsideOut(); },          none},
     {"boundary edge can be seen",               "boundary edges can be seen",
      [](const Subject& model) { return model.surface.visibleBoundaryEdges(); },         boundaryEdgesOfModel},
+    {"edge of a curve is seen as a corner",     "edges of curves are seen as corners",
+     [](const Subject& model) { return facets(model.mesh, model.surface, pixelSize(model)); }, facetsOfModel},
 };
 // clang-format on
 

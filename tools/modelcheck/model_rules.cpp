@@ -14,20 +14,21 @@ constexpr float inf = std::numeric_limits<float>::infinity();
 // clang-format off
 namespace models = catalogue::models;
 
+// Facets are as many as there are today: a model may get rounder, and no more angular.
 constexpr ModelRules rules[] = {
-    // name                     loads  scale  texture          visible boundary edges, and whether normals are custom
-    {models::room.name,                1, 0.20F, Texture::Baked,  anyNumber, true}, // cut open towards the viewer; no light bounces in it
-    {models::sofa.name,                2, 0.20F, Texture::Baked,  0},
-    {models::sofa_legs.name,           2, 0.20F, Texture::None,   120}, // upper ends, inside the sofa
-    {models::person.name,              2, 0.20F, Texture::None,   0},
-    {models::hat.name,                 2, 0.20F, Texture::None,   0},
+    // name                     loads  scale  texture          boundary   facets, and whether normals are custom
+    {models::room.name,                1, 0.20F, Texture::Baked,  anyNumber, 0,     true}, // cut open towards the viewer; no light bounces in it
+    {models::sofa.name,                2, 0.20F, Texture::Baked,  0,         17600},
+    {models::sofa_legs.name,           2, 0.20F, Texture::None,   120,       1750}, // upper ends, inside the sofa
+    {models::person.name,              2, 0.20F, Texture::None,   0,         8200},
+    {models::hat.name,                 2, 0.20F, Texture::None,   0,         1310},
     {models::glasses.name,             2, 0.20F, Texture::None,   0},
-    {models::coffeetable.name,         1, 0.10F, Texture::Baked,  64}, // the number for the queue: two sheets, back to back
+    {models::coffeetable.name,         1, 0.10F, Texture::Baked,  64,        210}, // the number for the queue: two sheets, back to back
     {models::beer.name,                2, 0.04F, Texture::Prints, 0},
-    {models::tv.name,                  1, 0.10F, Texture::Prints, 82}, // undersides of what stands on something or lies on its front
-    {models::tvtable.name,             1, 0.10F, Texture::Baked,  143}, // the rim towards the wall, and undersides
-    {models::bigplant.name,            1, 0.30F, Texture::Prints, anyNumber}, // leaves are sheets with holes
-    {models::flowerpot.name,           1, 0.07F, Texture::None,   0},
+    {models::tv.name,                  1, 0.10F, Texture::Prints, 82,        420}, // undersides of what stands on something or lies on its front
+    {models::tvtable.name,             1, 0.10F, Texture::Baked,  143,       65}, // the rim towards the wall, and undersides
+    {models::bigplant.name,            1, 0.30F, Texture::Prints, anyNumber, 380}, // leaves are sheets with holes
+    {models::flowerpot.name,           1, 0.07F, Texture::None,   0,         70},
     {models::burgerbox_bottom.name,    2, 0.02F, Texture::None,   0},
     {models::burgerbox_top.name,       2, 0.02F, Texture::Prints, 0},
     {models::burger_top.name,          1, 0.02F, Texture::None,   0},
@@ -35,7 +36,7 @@ constexpr ModelRules rules[] = {
     {models::burger_middle.name,       1, 0.02F, Texture::None,   0},
     {models::burger_steak.name,        1, 0.02F, Texture::None,   0},
     {models::burger_cheese.name,       1, 0.02F, Texture::None,   0},
-    {models::toilet.name,              1, 0.07F, Texture::None,   0},
+    {models::toilet.name,              1, 0.07F, Texture::None,   0,         50},
     {models::toilet_lid.name,          1, 0.07F, Texture::None,   0},
 };
 

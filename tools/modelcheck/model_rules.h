@@ -13,7 +13,7 @@ enum class Texture {
     Baked,  ///< maps that were computed for it: each place of the model has a place of its own there
 };
 
-/// Number of boundary edges that models have where sheets end in the open.
+/// Where there is no limit.
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 /// What the show asks of a model besides its place. A default one suits a closed solid in one colour.
@@ -23,9 +23,11 @@ struct ModelRules {
     /// The largest that a scene draws it at: world units for one of the model's.
     float scale = 1.0F;
     Texture texture = Texture::None;
-    /// Edges with a face on one side only that the model does not hide itself: at most, or `anyNumber`. Back
-    /// faces are drawn, but lit wrongly.
+    // At most, or `anyNumber`:
+    /// Edges with a face on one side only that the model does not hide itself, for models of sheets that end
+    /// in the open `anyNumber`. Back faces are drawn, but lit wrongly.
     std::size_t visibleBoundaryEdges = 0;
+    std::size_t facets = 0; ///< edges of curves that are seen as polygons
     /// Bent towards lamps: they don't tell its outside, and judged by them it would be inside out.
     bool customNormals = false;
 };

@@ -10,6 +10,7 @@
 #include <map>
 #include <numbers>
 #include <numeric>
+#include <tuple>
 
 namespace tools::modelcheck {
 
@@ -66,28 +67,22 @@ bool isCollapsed(const std::array<unsigned int, 3>& triangle)
     return triangle[0] == triangle[1] || triangle[1] == triangle[2] || triangle[2] == triangle[0];
 }
 
-std::vector<std::array<unsigned int, 2>>
-findBoundaryEdges(const std::vector<std::array<unsigned int, 3>>& triangles)
+std::vector<Surface::Side> findSides(const std::vector<Surface::Triangle>& triangles)
 {
-    std::vector<std::array<unsigned int, 2>> edges;
-    edges.reserve(3 * triangles.size());
-    for (const auto& triangle : triangles) {
+    std::vector<Surface::Side> sides;
+    sides.reserve(3 * triangles.size());
+    for (unsigned int i = 0; i < triangles.size(); ++i) {
+        const Surface::Triangle& triangle = triangles[i];
         if (!isCollapsed(triangle)) {
-            edges.push_back(sorted<2>({triangle[0], triangle[1]}));
-            edges.push_back(sorted<2>({triangle[1], triangle[2]}));
-            edges.push_back(sorted<2>({triangle[2], triangle[0]}));
+            sides.push_back({sorted<2>({triangle[0], triangle[1]}), i});
+            sides.push_back({sorted<2>({triangle[1], triangle[2]}), i});
+            sides.push_back({sorted<2>({triangle[2], triangle[0]}), i});
         }
     }
-    std::sort(edges.begin(), edges.end());
-    std::vector<std::array<unsigned int, 2>> boundary;
-    for (auto edge = edges.begin(); edge != edges.end();) {
-        const auto next = std::find_if(edge, edges.end(), [&](const auto& other) { return other != *edge; });
-        if (next - edge == 1) {
-            boundary.push_back(*edge);
-        }
-        edge = next;
-    }
-    return boundary;
+    std::sort(sides.begin(), sides.end(), [](const Surface::Side& a, const Surface::Side& b) {
+        return std::tie(a.edge, a.triangle) < std::tie(b.edge, b.triangle);
+    });
+    return sides;
 }
 
 /// Union-find over the numbers below a count.
@@ -121,7 +116,25 @@ Surface::Surface(const ImportedMesh& mesh) : mesh(mesh), size(boundingBoxDiagona
         triangles.push_back(
             {representative[triangle[0]], representative[triangle[1]], representative[triangle[2]]});
     }
-    boundary = findBoundaryEdges(triangles);
+    sides = findSides(triangles);
+    for (const std::span<const Side> side : sidesByEdge()) {
+        if (side.size() == 1) {
+            boundary.push_back(side[0].edge);
+        }
+    }
+}
+
+std::vector<std::span<const Surface::Side>> Surface::sidesByEdge() const
+{
+    std::vector<std::span<const Side>> edges;
+    edges.reserve(sides.size() / 2);
+    for (auto side = sides.begin(); side != sides.end();) {
+        const auto next =
+            std::find_if(side, sides.end(), [&](const Side& other) { return other.edge != side->edge; });
+        edges.emplace_back(side, next);
+        side = next;
+    }
+    return edges;
 }
 
 glm::vec3 Surface::middleOfEdge(const Edge& edge) const

@@ -4,6 +4,7 @@
 #include "tools/modelcheck/imported_mesh.h"
 
 #include <array>
+#include <span>
 #include <vector>
 
 namespace tools::modelcheck {
@@ -12,10 +13,25 @@ namespace tools::modelcheck {
 /// Borrows the mesh, all of whose positions are finite.
 class Surface {
 public:
+    using Triangle = std::array<unsigned int, 3>;
+    using Edge = std::array<unsigned int, 2>;
+
+    /// A side of a triangle.
+    struct Side {
+        Edge edge; ///< the lower vertex first
+        unsigned int triangle;
+    };
+
     explicit Surface(const ImportedMesh& mesh);
 
     /// Diagonal of the bounding box, in model units.
     [[nodiscard]] float diagonal() const { return size; }
+
+    /// The mesh's triangles, in its order, with the corners welded.
+    [[nodiscard]] const std::vector<Triangle>& weldedTriangles() const { return triangles; }
+    /// The sides that lie on one edge, for each edge; collapsed triangles have none.
+    [[nodiscard]] std::vector<std::span<const Side>> sidesByEdge() const;
+    [[nodiscard]] glm::vec3 middleOfEdge(const Edge& edge) const;
 
     /// Points, lines and slivers: their face normal would be the noise of rounding.
     [[nodiscard]] Finding degenerateTriangles() const;
@@ -31,10 +47,6 @@ public:
     [[nodiscard]] Finding componentsInsideOut() const;
 
 private:
-    using Triangle = std::array<unsigned int, 3>;
-    using Edge = std::array<unsigned int, 2>;
-
-    [[nodiscard]] glm::vec3 middleOfEdge(const Edge& edge) const;
     [[nodiscard]] bool hasArea(const std::array<glm::vec3, 3>& corners) const;
     /// For each vertex the one that represents its connected component.
     [[nodiscard]] std::vector<unsigned int> connectedComponents() const;
@@ -42,6 +54,7 @@ private:
     const ImportedMesh& mesh;
     float size;
     std::vector<Triangle> triangles; ///< of welded vertices
+    std::vector<Side> sides;         ///< in order of their edges
     std::vector<Edge> boundary;      ///< in order of their vertices
 };
 

@@ -69,6 +69,16 @@ TEST(Surface, ShowsBoundaryEdgesBesideIt)
     EXPECT_EQ(Surface(mesh).visibleBoundaryEdges().count, 3U);
 }
 
+TEST(Surface, KnowsAllSidesThatLieOnAnEdge)
+{
+    const ImportedMesh mesh = importedBoxes({&big, 1});
+    const Surface surface(mesh);
+    EXPECT_EQ(surface.sidesByEdge().size(), 18U); // of a box with a diagonal on each side
+    for (const auto sides : surface.sidesByEdge()) {
+        EXPECT_EQ(sides.size(), 2U);
+    }
+}
+
 TEST(Surface, CountsEachComponentThatIsInsideOut)
 {
     ImportedMesh mesh = twoBoxes(big, beside);
