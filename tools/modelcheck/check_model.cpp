@@ -1,7 +1,9 @@
 #include "tools/modelcheck/check_model.h"
 
+#include "tools/modelcheck/crossings.h"
 #include "tools/modelcheck/extents.h"
 #include "tools/modelcheck/facets.h"
+#include "tools/modelcheck/ray_caster.h"
 #include "tools/modelcheck/surface.h"
 #include "tools/modelcheck/uv_overlap.h"
 #include "tools/modelcheck/vertex_checks.h"
@@ -9,6 +11,7 @@
 #include <cmath>
 #include <fmt/format.h>
 #include <glm/common.hpp>
+#include <optional>
 
 namespace tools::modelcheck {
 
@@ -24,6 +27,17 @@ struct Subject {
     const ImportedMesh& mesh;
     const ModelRules& rules;
     Surface surface;
+    RayCaster caster;
+    Crossings crossings;
+
+    Subject(const ImportedMesh& mesh, const ModelRules& rules)
+        : mesh(mesh),
+          rules(rules),
+          surface(mesh),
+          caster(mesh),
+          crossings(findCrossings(mesh, surface, caster))
+    {
+    }
 };
 
 /// Something that is counted, and how much of it passes.
@@ -31,37 +45,48 @@ struct Check {
     const char* one; ///< after "1 "
     const char* many;
     Finding (*find)(const Subject& model);
-    std::size_t (*allowed)(const Subject& model);
+    std::optional<std::size_t> (*allowed)(const Subject& model); ///< nothing where it is no matter
 };
 
-std::size_t none(const Subject& /*model*/)
+std::optional<std::size_t> none(const Subject& /*model*/)
 {
     return 0;
 }
 
-std::size_t aFew(const Subject& model)
+std::optional<std::size_t> aFew(const Subject& model)
 {
     return model.mesh.triangles.size() / trianglesPerStray;
 }
 
-std::size_t aFewTriangles(const Subject& model)
+std::optional<std::size_t> aFewTriangles(const Subject& model)
 {
-    return model.rules.customNormals ? anyNumber : aFew(model);
+    return model.rules.customNormals ? std::nullopt : aFew(model);
 }
 
-std::size_t noneWithTexture(const Subject& model)
+std::optional<std::size_t> noneWithTexture(const Subject& model)
 {
-    return model.rules.texture == Texture::None ? anyNumber : 0;
+    return model.rules.texture == Texture::None ? std::nullopt : none(model);
 }
 
-std::size_t boundaryEdgesOfModel(const Subject& model)
+std::optional<std::size_t> boundaryEdgesOfModel(const Subject& model)
 {
-    return model.rules.visibleBoundaryEdges;
+    return model.rules.visibleBoundaryEdges == anyNumber ? std::nullopt
+                                                         : std::optional(model.rules.visibleBoundaryEdges);
 }
 
-std::size_t facetsOfModel(const Subject& model)
+std::optional<std::size_t> facetsOfModel(const Subject& model)
 {
-    return model.rules.customNormals ? anyNumber : model.rules.facets;
+    return model.rules.customNormals ? std::nullopt : std::optional(model.rules.facets);
+}
+
+std::optional<std::size_t> foldsOfModel(const Subject& model)
+{
+    return model.rules.folds;
+}
+
+std::optional<std::size_t> partsOfModel(const Subject& model)
+{
+    return model.rules.crossingParts;
 }
 
 /// In units of the model.
@@ -92,9 +117,13 @@ constexpr Check checks[] = {
     {"closed component is inside out",          "closed components are inside out",
      [](const Subject& model) { return model.surface.componentsInsideOut(); },          none},
     {"boundary edge can be seen",               "boundary edges can be seen",
-     [](const Subject& model) { return model.surface.visibleBoundaryEdges(); },         boundaryEdgesOfModel},
+     [](const Subject& model) { return model.surface.visibleBoundaryEdges(model.caster); }, boundaryEdgesOfModel},
     {"edge of a curve is seen as a corner",     "edges of curves are seen as corners",
      [](const Subject& model) { return facets(model.mesh, model.surface, pixelSize(model)); }, facetsOfModel},
+    {"triangle goes through its own part",      "triangles go through their own parts",
+     [](const Subject& model) { return model.crossings.folds; },                        foldsOfModel},
+    {"pair of parts goes through each other",   "pairs of parts go through each other",
+     [](const Subject& model) { return model.crossings.parts; },                        partsOfModel},
 };
 // clang-format on
 
@@ -110,14 +139,14 @@ std::string sentenceOf(const char* one, const char* many, const Finding& found)
 
 void runCheck(ModelReport& report, const Subject& model, const Check& check)
 {
-    const std::size_t allowed = check.allowed(model);
-    if (allowed == anyNumber) {
+    const std::optional<std::size_t> allowed = check.allowed(model);
+    if (!allowed) {
         return;
     }
     const Finding found = check.find(model);
     std::string sentence = sentenceOf(check.one, check.many, found);
-    if (allowed != 0) {
-        sentence += fmt::format("; {} may", allowed);
+    if (*allowed != 0 && *allowed != anyNumber) {
+        sentence += fmt::format("; {} may", *allowed);
     }
     report.details.push_back(sentence);
     if (found.count > allowed) {
@@ -202,7 +231,7 @@ ModelReport checkModel(const ImportedMesh& mesh, const ModelRules& rules)
         report.problems.push_back(sentence);
         return report;
     }
-    const Subject subject{mesh, rules, Surface(mesh)};
+    const Subject subject(mesh, rules);
     report.details.push_back(sentenceOf("boundary edge", "boundary edges", subject.surface.boundaryEdges()));
     for (const Check& check : checks) {
         runCheck(report, subject, check);

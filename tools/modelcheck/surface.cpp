@@ -1,6 +1,5 @@
 #include "tools/modelcheck/surface.h"
 
-#include "tools/modelcheck/ray_caster.h"
 #include "tools/modelcheck/weld.h"
 
 #include <algorithm>
@@ -205,9 +204,8 @@ Finding Surface::boundaryEdges() const
     return found;
 }
 
-Finding Surface::visibleBoundaryEdges() const
+Finding Surface::visibleBoundaryEdges(const RayCaster& caster) const
 {
-    const RayCaster caster(mesh);
     const std::vector<glm::vec3> directions = fibonacciSphere(sightLines);
     Finding found;
     for (const Edge& edge : boundary) {

@@ -2,6 +2,7 @@
 
 #include "tools/modelcheck/finding.h"
 #include "tools/modelcheck/imported_mesh.h"
+#include "tools/modelcheck/ray_caster.h"
 
 #include <array>
 #include <span>
@@ -32,6 +33,8 @@ public:
     /// The sides that lie on one edge, for each edge; collapsed triangles have none.
     [[nodiscard]] std::vector<std::span<const Side>> sidesByEdge() const;
     [[nodiscard]] glm::vec3 middleOfEdge(const Edge& edge) const;
+    /// For each vertex the one that represents its connected component; it tells something about welded ones.
+    [[nodiscard]] std::vector<unsigned int> connectedComponents() const;
 
     /// Points, lines and slivers: their face normal would be the noise of rounding.
     [[nodiscard]] Finding degenerateTriangles() const;
@@ -41,15 +44,13 @@ public:
     [[nodiscard]] Finding trianglesAgainstNormals() const;
     /// Edges with a triangle on one side only.
     [[nodiscard]] Finding boundaryEdges() const;
-    /// Those of them that are neither inside the model nor covered by it.
-    [[nodiscard]] Finding visibleBoundaryEdges() const;
+    /// Those of them that are neither inside the model nor covered by it. `caster` is of the mesh.
+    [[nodiscard]] Finding visibleBoundaryEdges(const RayCaster& caster) const;
     /// Closed connected components, each counted once, whose triangles face inwards.
     [[nodiscard]] Finding componentsInsideOut() const;
 
 private:
     [[nodiscard]] bool hasArea(const std::array<glm::vec3, 3>& corners) const;
-    /// For each vertex the one that represents its connected component.
-    [[nodiscard]] std::vector<unsigned int> connectedComponents() const;
 
     const ImportedMesh& mesh;
     float size;

@@ -210,6 +210,28 @@ TEST(CheckModel, HoldsFacetsAgainstTheScaleThatTheModelIsDrawnAt)
     EXPECT_THAT(checkModel(mesh, {.name = "any", .customNormals = true}).problems, IsEmpty());
 }
 
+TEST(CheckModel, LetsTrianglesGoThroughTheirOwnPartWhereTheRulesSaySo)
+{
+    EXPECT_THAT(checkModel(foldedBoxes(), {.name = "any", .scale = 0.001F}).problems,
+                ElementsAre("8 triangles go through their own parts, the first near (1.50, 2.17, 3.67)"));
+    EXPECT_THAT(
+        checkModel(foldedBoxes(), {.name = "any", .scale = 0.001F, .folds = 7}).problems,
+        ElementsAre("8 triangles go through their own parts, the first near (1.50, 2.17, 3.67); 7 may"));
+    EXPECT_THAT(checkModel(foldedBoxes(), {.name = "any", .scale = 0.001F, .folds = 8}).problems, IsEmpty());
+}
+
+TEST(CheckModel, LetsPartsGoThroughEachOtherUnlessTheRulesSayOtherwise)
+{
+    const standins::Box boxes[] = {{{0.0F, 0.0F, 0.0F}, {4.0F, 4.0F, 4.0F}},
+                                   {{1.0F, 2.0F, 1.0F}, {1.5F, 2.5F, 9.0F}}};
+    const ImportedMesh mesh = importedBoxes(boxes);
+    const std::string sentence = "1 pair of parts goes through each other, near (1.50, 2.00, 5.00)";
+    EXPECT_THAT(checkModel(mesh, {.name = "any"}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any"}).details, Contains(sentence));
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .crossingParts = 1}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .crossingParts = 0}).problems, ElementsAre(sentence));
+}
+
 TEST(CheckModel, TellsAllThatItMeasured)
 {
     const std::vector<std::string> details = checkModel(importedLid(), lid).details;

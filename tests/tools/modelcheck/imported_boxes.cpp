@@ -2,6 +2,7 @@
 
 #include "tests/standins/box_mesh.h"
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -37,6 +38,15 @@ ImportedMesh importedBoxes(std::span<const standins::Box> boxes)
 ImportedMesh importedLid()
 {
     return importedBoxes(standins::findModel("toilet_lid")->boxes);
+}
+
+ImportedMesh foldedBoxes()
+{
+    const standins::Box boxes[] = {{{0.0F, 0.0F, 0.0F}, {4.0F, 4.0F, 4.0F}},
+                                   {{1.0F, 2.0F, 1.0F}, {1.5F, 2.5F, 9.0F}}};
+    ImportedMesh mesh = importedBoxes(boxes);
+    std::ranges::replace(mesh.positions, boxes[1].low, boxes[0].low);
+    return mesh;
 }
 
 void turnInsideOut(ImportedMesh& mesh, std::size_t first)

@@ -13,5 +13,8 @@ tools::modelcheck::ImportedMesh importedBoxes(std::span<const standins::Box> box
 /// The lid of the toilet's stand-in: a box that fits where the scene puts the lid.
 tools::modelcheck::ImportedMesh importedLid();
 
+/// A block with a post that comes out of its top, z = 4. Both have one corner, so that they are one part.
+tools::modelcheck::ImportedMesh foldedBoxes();
+
 /// Turns the triangles from `first` on round, and the normals of their corners: what was outside is inside.
 void turnInsideOut(tools::modelcheck::ImportedMesh& mesh, std::size_t first);

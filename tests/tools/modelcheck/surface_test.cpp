@@ -1,12 +1,14 @@
 #include "tools/modelcheck/surface.h"
 
 #include "tests/tools/modelcheck/imported_boxes.h"
+#include "tools/modelcheck/ray_caster.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 using standins::Box;
 using tools::modelcheck::ImportedMesh;
+using tools::modelcheck::RayCaster;
 using tools::modelcheck::Surface;
 
 namespace {
@@ -59,14 +61,14 @@ TEST(Surface, HidesBoundaryEdgesInsideOfIt)
     ImportedMesh mesh = twoBoxes(big, inside);
     mesh.triangles.pop_back(); // of the box inside
     EXPECT_EQ(Surface(mesh).boundaryEdges().count, 3U);
-    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges().count, 0U);
+    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges(RayCaster(mesh)).count, 0U);
 }
 
 TEST(Surface, ShowsBoundaryEdgesBesideIt)
 {
     ImportedMesh mesh = twoBoxes(big, beside);
     mesh.triangles.pop_back();
-    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges().count, 3U);
+    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges(RayCaster(mesh)).count, 3U);
 }
 
 TEST(Surface, KnowsAllSidesThatLieOnAnEdge)
