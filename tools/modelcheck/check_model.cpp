@@ -68,10 +68,19 @@ std::optional<std::size_t> noneWithTexture(const Subject& model)
     return model.rules.texture == Texture::None ? std::nullopt : none(model);
 }
 
+bool isOfSheets(const Subject& model)
+{
+    return model.rules.visibleBoundaryEdges == anyNumber;
+}
+
 std::optional<std::size_t> boundaryEdgesOfModel(const Subject& model)
 {
-    return model.rules.visibleBoundaryEdges == anyNumber ? std::nullopt
-                                                         : std::optional(model.rules.visibleBoundaryEdges);
+    return isOfSheets(model) ? std::nullopt : std::optional(model.rules.visibleBoundaryEdges);
+}
+
+std::optional<std::size_t> backsOfModel(const Subject& model)
+{
+    return isOfSheets(model) ? std::nullopt : std::optional(model.rules.visibleBacks);
 }
 
 std::optional<std::size_t> facetsOfModel(const Subject& model)
@@ -118,6 +127,8 @@ constexpr Check checks[] = {
      [](const Subject& model) { return model.surface.componentsInsideOut(); },          none},
     {"boundary edge can be seen",               "boundary edges can be seen",
      [](const Subject& model) { return model.surface.visibleBoundaryEdges(model.caster); }, boundaryEdgesOfModel},
+    {"triangle shows its back",                 "triangles show their backs",
+     [](const Subject& model) { return model.surface.visibleBacks(model.caster); },     backsOfModel},
     {"edge of a curve is seen as a corner",     "edges of curves are seen as corners",
      [](const Subject& model) { return facets(model.mesh, model.surface, pixelSize(model)); }, facetsOfModel},
     {"triangle goes through its own part",      "triangles go through their own parts",

@@ -27,8 +27,9 @@ struct ModelRules {
     /// Edges with a face on one side only that the model does not hide itself, for models of sheets that end
     /// in the open `anyNumber`. Back faces are drawn, but lit wrongly.
     std::size_t visibleBoundaryEdges = 0;
-    std::size_t facets = 0; ///< edges of curves that are seen as polygons
-    std::size_t folds = 0;  ///< triangles that go through their own connected component
+    std::size_t visibleBacks = 0; ///< triangles; those of sheets are not counted
+    std::size_t facets = 0;       ///< edges of curves that are seen as polygons
+    std::size_t folds = 0;        ///< triangles that go through their own connected component
     /// Pairs of connected components that go through each other, as most that are joined do.
     std::size_t crossingParts = anyNumber;
     /// Bent towards lamps: they don't tell its outside, and judged by them it would be inside out.

@@ -9,6 +9,7 @@
 #include <map>
 #include <numbers>
 #include <numeric>
+#include <set>
 #include <tuple>
 
 namespace tools::modelcheck {
@@ -20,6 +21,9 @@ constexpr float smallestHeight = 1e-6F;  ///< of a triangle over its longest edg
 constexpr float clearlyAgainst = -0.05F; ///< cosine between winding and normal; right angles are noise
 constexpr int sightLines = 100;          ///< from an edge, to look for a way out
 constexpr float sightStart = 1e-4F;      ///< of the diagonal: off the triangles at the edge itself
+constexpr int backSightLines = 60;       ///< from a triangle, half of them to its back
+constexpr float backSightStart = 1e-5F;  ///< of the diagonal: behind the triangle, before what is under it
+constexpr int fewestWaysOut = 3;         ///< what a crack lets out is seen from hardly anywhere
 /// Of a component, against its area to the power of 3/2, of which a sphere has 0.09. Flat components have
 /// hardly a volume, and it may come out negative.
 constexpr double smallestVolume = 1e-4;
@@ -215,6 +219,32 @@ Finding Surface::visibleBoundaryEdges(const RayCaster& caster) const
             }))
         {
             found.add(middle);
+        }
+    }
+    return found;
+}
+
+Finding Surface::visibleBacks(const RayCaster& caster) const
+{
+    const std::vector<unsigned int> component = connectedComponents();
+    std::set<unsigned int> open;
+    for (const Edge& edge : boundary) {
+        open.insert(component[edge[0]]);
+    }
+    const std::vector<glm::vec3> directions = fibonacciSphere(backSightLines);
+    Finding found;
+    for (const Triangle& triangle : triangles) {
+        const auto corners = cornersOf(mesh, triangle);
+        if (!open.contains(component[triangle[0]]) || !hasArea(corners)) {
+            continue;
+        }
+        const glm::vec3 normal = glm::normalize(windingOf(corners));
+        const glm::vec3 origin = middleOf(corners) - backSightStart * size * normal;
+        const auto ways = std::ranges::count_if(directions, [&](const glm::vec3& direction) {
+            return glm::dot(direction, normal) < 0.0F && !caster.hits(origin, direction);
+        });
+        if (ways >= fewestWaysOut) {
+            found.add(middleOf(corners));
         }
     }
     return found;

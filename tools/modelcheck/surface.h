@@ -46,6 +46,9 @@ public:
     [[nodiscard]] Finding boundaryEdges() const;
     /// Those of them that are neither inside the model nor covered by it. `caster` is of the mesh.
     [[nodiscard]] Finding visibleBoundaryEdges(const RayCaster& caster) const;
+    /// Triangles whose back can be seen from outside, through where their connected component is open.
+    /// `caster` is of the mesh.
+    [[nodiscard]] Finding visibleBacks(const RayCaster& caster) const;
     /// Closed connected components, each counted once, whose triangles face inwards.
     [[nodiscard]] Finding componentsInsideOut() const;
 

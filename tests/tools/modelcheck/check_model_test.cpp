@@ -115,7 +115,8 @@ const Defect defects[] = {
      {"3 boundary edges can be seen, the first near (1.30, 0.05, 0.00)"}},
     {"OpenTop", lid,
      [](ImportedMesh& mesh) { mesh.triangles.erase(mesh.triangles.begin() + 4, mesh.triangles.begin() + 6); },
-     {"4 boundary edges can be seen, the first near (0.00, 0.15, 3.40)"}},
+     {"4 boundary edges can be seen, the first near (0.00, 0.15, 3.40)",
+      "10 triangles show their backs, the first near (1.30, 0.02, 1.13)"}},
     {"EdgeShadedAsACurve", lid,
      [](ImportedMesh& mesh) { shadeAsACurve(mesh, {1.3F, 0.15F}); },
      {"1 edge of a curve is seen as a corner, near (1.30, 0.15, 1.70)"}},
@@ -230,6 +231,17 @@ TEST(CheckModel, LetsPartsGoThroughEachOtherUnlessTheRulesSayOtherwise)
     EXPECT_THAT(checkModel(mesh, {.name = "any"}).details, Contains(sentence));
     EXPECT_THAT(checkModel(mesh, {.name = "any", .crossingParts = 1}).problems, IsEmpty());
     EXPECT_THAT(checkModel(mesh, {.name = "any", .crossingParts = 0}).problems, ElementsAre(sentence));
+}
+
+TEST(CheckModel, LetsBacksShowWhereTheRulesSaySo)
+{
+    ImportedMesh mesh = importedLid();
+    mesh.triangles.erase(mesh.triangles.begin() + 4, mesh.triangles.begin() + 6);
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .visibleBoundaryEdges = 4, .visibleBacks = 10}).problems,
+                IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .visibleBoundaryEdges = anyNumber}).problems, IsEmpty());
+    EXPECT_THAT(checkModel(mesh, {.name = "any", .visibleBoundaryEdges = 4, .visibleBacks = 9}).problems,
+                ElementsAre("10 triangles show their backs, the first near (1.30, 0.02, 1.13); 9 may"));
 }
 
 TEST(CheckModel, TellsAllThatItMeasured)

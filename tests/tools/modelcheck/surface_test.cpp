@@ -71,6 +71,46 @@ TEST(Surface, ShowsBoundaryEdgesBesideIt)
     EXPECT_EQ(Surface(mesh).visibleBoundaryEdges(RayCaster(mesh)).count, 3U);
 }
 
+/// Boxes, the first of them without its top, y = 4.
+ImportedMesh openBox(const Box& other)
+{
+    ImportedMesh mesh = twoBoxes(big, other);
+    mesh.triangles.erase(mesh.triangles.begin() + 4, mesh.triangles.begin() + 6);
+    return mesh;
+}
+
+std::size_t visibleBacks(const ImportedMesh& mesh)
+{
+    return Surface(mesh).visibleBacks(RayCaster(mesh)).count;
+}
+
+TEST(Surface, ShowsTheBacksInsideOfAnOpenBox)
+{
+    EXPECT_EQ(visibleBacks(openBox(beside)), trianglesOfBox - 2);
+    EXPECT_EQ(visibleBacks(twoBoxes(big, beside)), 0U);
+}
+
+TEST(Surface, HidesBacksBehindALid)
+{
+    const Box lid = {{-1.0F, 3.9F, -1.0F}, {5.0F, 5.0F, 5.0F}};
+    EXPECT_EQ(visibleBacks(openBox(lid)), 0U);
+}
+
+TEST(Surface, HidesBacksInsideOfIt)
+{
+    const Box around = {{-1.0F, -1.0F, -1.0F}, {5.0F, 5.0F, 5.0F}};
+    EXPECT_EQ(visibleBacks(openBox(around)), 0U);
+}
+
+TEST(Surface, TakesNoNoticeOfBacksBehindACrack)
+{
+    const Box lid = {{0.0F, 4.1F, 0.0F}, {4.0F, 5.0F, 4.0F}};
+    const ImportedMesh mesh = openBox(lid);
+    EXPECT_EQ(Surface(mesh).visibleBoundaryEdges(RayCaster(mesh)).count, 4U);
+    EXPECT_EQ(visibleBacks(mesh), 0U);
+    EXPECT_GT(visibleBacks(openBox({{0.0F, 4.8F, 0.0F}, {4.0F, 5.0F, 4.0F}})), 0U);
+}
+
 TEST(Surface, KnowsAllSidesThatLieOnAnEdge)
 {
     const ImportedMesh mesh = importedBoxes({&big, 1});
