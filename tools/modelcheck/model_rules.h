@@ -14,7 +14,7 @@ enum class Texture {
 };
 
 /// Where there is no limit.
-constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+constexpr unsigned int anyNumber = std::numeric_limits<unsigned int>::max();
 
 /// What the show asks of a model besides its place. A default one suits a closed solid in one colour.
 struct ModelRules {
@@ -26,12 +26,12 @@ struct ModelRules {
     // At most, or `anyNumber`:
     /// Edges with a face on one side only that the model does not hide itself, for models of sheets that end
     /// in the open `anyNumber`. Back faces are drawn, but lit wrongly.
-    std::size_t visibleBoundaryEdges = 0;
-    std::size_t visibleBacks = 0; ///< triangles; those of sheets are not counted
-    std::size_t facets = 0;       ///< edges of curves that are seen as polygons
-    std::size_t folds = 0;        ///< triangles that go through their own connected component
+    unsigned int visibleBoundaryEdges = 0;
+    unsigned int visibleBacks = 0; ///< triangles; those of sheets are not counted
+    unsigned int facets = 0;       ///< edges of curves that are seen as polygons
+    unsigned int folds = 0;        ///< triangles that go through their own connected component
     /// Pairs of connected components that go through each other, as most that are joined do.
-    std::size_t crossingParts = anyNumber;
+    unsigned int crossingParts = anyNumber;
     /// Bent towards lamps: they don't tell its outside, and judged by them it would be inside out.
     bool customNormals = false;
 };
