@@ -18,14 +18,14 @@ namespace models = catalogue::models;
 constexpr ModelRules rules[] = {
     // name                     loads  scale  texture          boundary   backs facets  folds  parts, and whether normals are custom
     {models::room.name,                1, 0.20F, Texture::Baked,  anyNumber, 0,   0,     3100, anyNumber, true}, // cut open towards the viewer; no light bounces in it; curtains thicker than their pleats are round
-    {models::sofa.name,                2, 0.20F, Texture::Baked,  0,         0,   17600},
-    {models::sofa_legs.name,           2, 0.20F, Texture::None,   120,       0,   1750,  0,    0}, // upper ends, inside the sofa; each leg is one piece
+    {models::sofa.name,                2, 0.20F, Texture::Baked,  0,         0,   17700, 40}, // where people press into its pillows
+    {models::sofa_legs.name,           2, 0.20F, Texture::None,   0,         0,   1750,  0,    0}, // each leg is one piece
     {models::person.name,              2, 0.20F, Texture::None,   0,         0,   8200,  20}, // the collar's points, the pocket's hem and a shoulder's seam
     {models::hat.name,                 2, 0.20F, Texture::None,   0,         0,   1310,  4}, // the notch of a tail of the bow
     {models::glasses.name,             2, 0.20F, Texture::None,   0},
     {models::coffeetable.name,         1, 0.10F, Texture::Baked,  64,        25,  210}, // the number for the queue: two sheets, back to back
     {models::beer.name,                2, 0.04F, Texture::Prints, 0,         0,   0,     0,    1}, // the cap sits on the bottle
-    {models::tv.name,                  1, 0.10F, Texture::Prints, 82,        85,  420}, // undersides of what stands on something or lies on its front; the aerial's foot juts out behind
+    {models::tv.name,                  1, 0.10F, Texture::Prints, 56,        85,  420}, // undersides of what stands on something or lies on its front; the aerial's foot juts out behind
     {models::tvtable.name,             1, 0.10F, Texture::Baked,  143,       360, 65,    301}, // the rim towards the wall, and undersides; legs run through the rims of their shoes, and the cable through itself
     {models::bigplant.name,            1, 0.30F, Texture::Prints, anyNumber, 0,   380}, // leaves are sheets with holes
     {models::flowerpot.name,           1, 0.07F, Texture::None,   0,         0,   70},
