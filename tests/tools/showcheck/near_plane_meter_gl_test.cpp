@@ -33,7 +33,7 @@ constexpr Moment moments[] = {
     {"ToiletBehindText",  {0.0F, 0.55F, 1.75F},   {0.0F, 0.2F, 0.0F},  8.0F, false},
     {"ToiletCutOpen",     {0.0F, 0.30F, 0.55F},   {0.0F, 0.2F, 0.0F},  8.0F, true},
     {"PeopleAmidText",    {0.5F, 0.50F, 2.50F},   {0.0F, 0.3F, 0.0F},  9.0F, false},
-    {"PeopleCutOpen",     {0.5F, 0.10F, 0.90F},   {0.0F, 0.1F, 0.0F},  9.0F, true},
+    {"PeopleCutOpen",     {0.5F, 0.10F, 0.60F},   {0.0F, 0.1F, 0.0F},  9.0F, true},
     {"Credits",           {0.0F, 0.00F, 0.00F},   {0.0F, 0.0F, 0.0F},  5.0F, false},
 };
 // clang-format on
